@@ -1,0 +1,31 @@
+// Process service frame: detaching, the pid file and waiting for the stop request.
+#pragma once
+
+#include <string>
+
+#include "Qb/Uncopyable.h"
+
+namespace Qb {
+
+class CDaemon : private CUncopyable {
+public:
+    // Detaches from the terminal when runAsDaemon is set, then takes the pid file: a pid file
+    // locked by a live process means a second instance, which prints a clear message to
+    // stderr and exits with status 1. SIGUSR1 becomes the stop request.
+    CDaemon(bool runAsDaemon, const std::string& pidPath);
+    // Removes the pid file (orderly stop).
+    ~CDaemon();
+
+    // Returns when the service is asked to stop (SIGUSR1).
+    void Block();
+    // Asks Block() to return, as SIGUSR1 does; safe from any thread.
+    static void RequestStop();
+
+    const std::string& PidPath() const { return m_strPidPath; }
+
+private:
+    std::string m_strPidPath;
+    int m_iPidFd;
+};
+
+}  // namespace Qb

@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# Builds everything and runs every test.
+#   scripts/test.sh                     Debug build in build/
+#   scripts/test.sh --sanitize address  ASan+UBSan build in build-asan/
+#   scripts/test.sh --sanitize thread   TSan build in build-tsan/
+# Any further arguments go to ctest (for example -R Keypad or -L e2e).
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+sanitize=""
+if [[ "${1:-}" == "--sanitize" ]]; then
+  sanitize=${2:?--sanitize needs address or thread}
+  shift 2
+fi
+case "$sanitize" in
+  "") build="$root/build" ;;
+  address) build="$root/build-asan" ;;
+  thread) build="$root/build-tsan" ;;
+  *) echo "test.sh: --sanitize takes address or thread" >&2; exit 2 ;;
+esac
+
+"$root/scripts/deps.sh"
+
+jobs=$(nproc)
+cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Debug -DFP_SANITIZE="$sanitize" -DFP_WERROR=ON \
+  -DFP_BUILD_BENCHMARKS=$([[ -z "$sanitize" ]] && echo ON || echo OFF) >/dev/null
+cmake --build "$build" -j"$jobs"
+
+# Halt on the first sanitizer report, so no finding scrolls by unnoticed.
+export ASAN_OPTIONS="halt_on_error=1:abort_on_error=1:detect_leaks=1:${ASAN_OPTIONS:-}"
+export UBSAN_OPTIONS="halt_on_error=1:print_stacktrace=1:${UBSAN_OPTIONS:-}"
+export TSAN_OPTIONS="halt_on_error=1:second_deadlock_stack=1:${TSAN_OPTIONS:-}"
+
+run=()
+if [[ "$sanitize" == "thread" ]]; then
+  # ThreadSanitizer cannot map its shadow memory under the high ASLR entropy of newer
+  # kernels; run the tests with address randomisation off.
+  run=(setarch "$(uname -m)" -R)
+fi
+"${run[@]}" ctest --test-dir "$build" --output-on-failure -j"$jobs" "$@"
