@@ -15,7 +15,9 @@ class CMsgQ : private CUncopyable {
 public:
     // maxDepth <= 0 means unbounded.
     explicit CMsgQ(int32 maxDepth = 0, const char* mutexName = "CMsgQ")
-        : m_pMutex(new CMutex(mutexName)), m_pSem(new CSemaphore(0)), m_iMaxDepth(maxDepth) {}
+        : m_pMutex(new CMutex(mutexName)), m_pSem(new CSemaphore(0)), m_iMaxDepth(maxDepth)
+    {
+    }
 
     // The semaphore goes first, then the mutex.
     virtual ~CMsgQ()

@@ -1,6 +1,8 @@
 // Local (Unix domain) stream socket that keeps trying to reach its peer.
 #pragma once
 
+#include <condition_variable>
+#include <memory>
 #include <mutex>
 #include <string>
 
@@ -31,23 +33,32 @@ public:
     // timeoutMs, so a reader loop never spins).
     int Read(void* buf, int len, int timeoutMs);
     // Writes all len bytes (or fails). Returns len, or negative when disconnected or on
-    // error. Never raises SIGPIPE.
+    // error (then the connection is dropped, so the peer never sees half a message followed
+    // by more). Never raises SIGPIPE. Never waits for a connection.
     int Write(const void* buf, int len);
 
+    // True while connected; does not try to connect.
     bool IsConnected();
+    // Disconnects for good: a waiting Read returns, later calls fail.
     void Close();
     const std::string& Path() const { return m_strPath; }
 
 private:
-    int Connection(bool mayReconnect);
-    void Drop(int fd);
+    class CFd;
+    typedef std::shared_ptr<CFd> FdPtr;
+
+    FdPtr Connection(bool mayReconnect);
+    void Drop(const FdPtr& fd);
+    FdPtr WaitForConnection(int timeoutMs);
 
     std::string m_strPath;
-    std::mutex m_mutex;       // guards m_iFd and the reconnect time
-    int m_iFd;
+    std::mutex m_mutex;              // guards the members below
+    std::condition_variable m_cond;  // wakes a reader waiting for the connection
+    FdPtr m_pFd;                     // shared: a reader keeps its fd open while a writer drops it
     uint32 m_uLastAttempt;
     bool m_bAttempted;
     bool m_bClosed;
+    std::mutex m_writeMutex;  // one Write at a time, so frames never interleave
 };
 
 }  // namespace Qb

@@ -7,6 +7,7 @@
 #include <mutex>
 #include <thread>
 
+#include "Qb/Thread.h"
 #include "Qb/Types.h"
 #include "Qb/Uncopyable.h"
 
@@ -47,16 +48,16 @@ private:
     struct Event;
     void Run();
 
-    std::mutex m_mutex;
-    std::condition_variable m_cond;   // wakes the timer thread
-    std::condition_variable m_idle;   // signalled when a call-back returns
+    std::mutex m_mutex;              // guards everything below but m_thread
+    std::condition_variable m_cond;  // wakes the timer thread
+    std::condition_variable m_idle;  // signalled when a call-back returns
     std::map<unsigned, std::shared_ptr<Event>> m_events;
     unsigned m_uNextId;
-    unsigned m_uRunningId;            // event whose call-back is running, INVALID_ID if none
+    unsigned m_uRunningId;  // event whose call-back is running, INVALID_ID if none
     std::thread::id m_timerThread;
     bool m_bStop;
-    std::thread m_thread;
     int m_iPriority;
+    CThread m_thread;  // last: starts once the state above exists
 };
 
 }  // namespace Qb
