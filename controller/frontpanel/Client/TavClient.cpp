@@ -4,8 +4,6 @@
 
 #include "Qb/Thread.h"
 
-const char* const kZorClientName = "zor.fp";
-
 CTavClient::CTavClient(Zor::CZorClient* pClient) : m_pClient(pClient), m_timer(Qb::CThread::GetPriority()) {}
 
 CTavClient::~CTavClient() {}
@@ -33,7 +31,8 @@ bool CTavClient::SendData(const std::string& name, const std::string& instance, 
     return SendOp(kZorClientName, name, Zor::COid(instance), value).Success();
 }
 
-std::string CTavClient::SendDataMsg(const std::string& name, const std::string& instance, const std::string& value)
+std::string CTavClient::SendDataMsg(const std::string& name, const std::string& instance,
+                                    const std::string& value)
 {
     return SendOp(kZorClientName, name, Zor::COid(instance), value).Msg();
 }
@@ -44,7 +43,8 @@ Zor::CRet CTavClient::SendOp(const std::string& client, const std::string& name,
     return m_pClient->SendOp(client, name, instance, Zor::CParam::String(value));
 }
 
-bool CTavClient::SendDataChecked(const std::string& name, const std::string& instance, const std::string& value)
+bool CTavClient::SendDataChecked(const std::string& name, const std::string& instance,
+                                 const std::string& value)
 {
     bool ok = true;
     if (name.empty() || instance.empty()) {

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "Client/Globals.h"
 #include "Qb/WakeUpTimer.h"
 #include "Zor/Zor.h"
 
@@ -32,7 +33,8 @@ public:
     // Null when the unit has no subsystem of that type.
     Zor::CParam QuerySubsystem(const std::string& type);
 
-    Zor::CRet AddEventHandler(const std::string& name, Zor::IManagedEventSink* pSink, const std::string& instance);
+    Zor::CRet AddEventHandler(const std::string& name, Zor::IManagedEventSink* pSink,
+                              const std::string& instance);
     Zor::CRet RemoveEventHandler(const std::string& name, Zor::IManagedEventSink* pSink,
                                  const std::string& instance);
 
@@ -46,6 +48,3 @@ private:
     Zor::CZorClient* m_pClient;
     Qb::CWakeUpTimer m_timer;
 };
-
-// The client name of every request this daemon makes.
-extern const char* const kZorClientName;
