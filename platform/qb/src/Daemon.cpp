@@ -125,17 +125,18 @@ CDaemon::CDaemon(bool runAsDaemon, const std::string& pidPath) : m_strPidPath(Ab
     if (runAsDaemon)
         Detach();
 
-    char text[32];
-    const int len = std::snprintf(text, sizeof text, "%ld\n", static_cast<long>(getpid()));
-    if (ftruncate(m_iPidFd, 0) != 0 || ::pwrite(m_iPidFd, text, static_cast<size_t>(len), 0) != len)
-        Fail("cannot write the pid file", m_strPidPath, errno);
-
+    // Whoever reads the pid file may signal at once: the handler must be in place first.
     struct sigaction sa;
     std::memset(&sa, 0, sizeof sa);
     sa.sa_handler = OnStopSignal;
     sigemptyset(&sa.sa_mask);
     sa.sa_flags = SA_RESTART;
     sigaction(SIGUSR1, &sa, nullptr);
+
+    char text[32];
+    const int len = std::snprintf(text, sizeof text, "%ld\n", static_cast<long>(getpid()));
+    if (ftruncate(m_iPidFd, 0) != 0 || ::pwrite(m_iPidFd, text, static_cast<size_t>(len), 0) != len)
+        Fail("cannot write the pid file", m_strPidPath, errno);
 }
 
 CDaemon::~CDaemon()

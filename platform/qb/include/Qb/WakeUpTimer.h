@@ -23,7 +23,8 @@ public:
 
 class CWakeUpTimer : private CUncopyable {
 public:
-    static const unsigned INVALID_ID = 0;
+    // constexpr (implicitly inline): callers may bind it by reference, as test macros do.
+    static constexpr unsigned INVALID_ID = 0;
 
     // priority > 0: the timer thread runs SCHED_RR at that priority where allowed.
     explicit CWakeUpTimer(int priority = 0);
