@@ -1,0 +1,11 @@
+// Interactive mode: the panel drawn in the terminal, keys from the keyboard.
+#pragma once
+
+namespace Panelsim {
+
+class CPanelServer;
+
+// Runs until the user quits ('q') or a signal asks to stop; returns the exit status.
+int RunTerminal(CPanelServer& server);
+
+}  // namespace Panelsim
