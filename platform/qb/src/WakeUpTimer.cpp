@@ -100,7 +100,9 @@ void CWakeUpTimer::Run()
         }
         const Clock::time_point now = Clock::now();
         if (next->second->due > now) {
-            m_cond.wait_until(lock, next->second->due);
+            // A copy: wait_until keeps a reference, and the event may be removed meanwhile.
+            const Clock::time_point due = next->second->due;
+            m_cond.wait_until(lock, due);
             continue;
         }
         const unsigned id = next->first;
