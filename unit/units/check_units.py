@@ -23,7 +23,7 @@ TOP_KEYS = {"description", "subsystems", "behaviours", "objects"}
 INSTANCE = re.compile(r"^(\.(0|[1-9][0-9]*))+$")
 NAME = re.compile(r"^[a-z][A-Za-z0-9]*$")
 SUBSYSTEM = re.compile(r"^[A-Z][A-Za-z0-9]*$")
-INT32 = (-(2**31), 2**31 - 1)
+INT64 = (-(2**63), 2**63 - 1)
 
 
 class DuplicateKey(ValueError):
@@ -85,8 +85,8 @@ def check_value(obj, value):
     if typ == "int":
         if not is_int(value):
             return "expected an integer, got %s" % json.dumps(value)
-        if not INT32[0] <= value <= INT32[1]:
-            return "%d does not fit in 32 bits" % value
+        if not INT64[0] <= value <= INT64[1]:
+            return "%d does not fit in 64 bits" % value
     elif not is_number(value):
         return "expected a number, got %s" % json.dumps(value)
     if "min" in obj and is_number(obj["min"]) and value < obj["min"]:
@@ -168,13 +168,49 @@ def check_subsystems(subsystems):
             yield "subsystems: %s lists an instance twice" % typ
 
 
-def check_behaviours(behaviours):
+def check_behaviours(behaviours, objects):
     if not isinstance(behaviours, dict):
         yield "behaviours: must be an object"
         return
-    ready = behaviours.get("systemStateReadyAfterMs")
-    if ready is not None and not (is_int(ready) and ready >= 0):
-        yield "behaviours: systemStateReadyAfterMs must be a non-negative integer"
+    known = objects if isinstance(objects, dict) else {}
+    for key, value in behaviours.items():
+        if key.endswith("Ms") and not (is_int(value) and value >= 0):
+            yield "behaviours: %s must be a non-negative integer" % key
+    # Names that behaviours act on must exist, or the behaviour silently does nothing.
+    resets = behaviours.get("counterResets", {})
+    if not isinstance(resets, dict):
+        yield "behaviours: counterResets must map a reset object to its counters"
+        resets = {}
+    for trigger, counters in resets.items():
+        if not isinstance(counters, list):
+            yield "behaviours: counterResets %s must list counters" % trigger
+            continue
+        for name in [trigger] + counters:
+            if name not in known:
+                yield "behaviours: counterResets names unknown object %s" % json.dumps(name)
+    reboot = behaviours.get("reboot", {})
+    names = reboot.get("objects", []) if isinstance(reboot, dict) else None
+    if not isinstance(names, list):
+        yield "behaviours: reboot must hold a list of objects"
+    else:
+        for name in names:
+            if name not in known:
+                yield "behaviours: reboot names unknown object %s" % json.dumps(name)
+
+
+def check_rows(objects):
+    """Columns of a table with a row status ("xRowStatus") must hold exactly its rows:
+    rows are created and destroyed across every "x..." object at once."""
+    for status, obj in objects.items():
+        if not status.endswith("RowStatus") or not isinstance(obj, dict):
+            continue
+        rows = set(obj.get("values") or {})
+        table = status[: -len("RowStatus")]
+        for name, column in objects.items():
+            if name == status or not name.startswith(table) or not isinstance(column, dict):
+                continue
+            if set(column.get("values") or {}) != rows:
+                yield "%s: instances differ from the rows of %s" % (name, status)
 
 
 def check_unit(doc):
@@ -190,14 +226,15 @@ def check_unit(doc):
         yield "subsystems: missing"
     else:
         yield from check_subsystems(doc["subsystems"])
-    if "behaviours" in doc:
-        yield from check_behaviours(doc["behaviours"])
     objects = doc.get("objects")
+    if "behaviours" in doc:
+        yield from check_behaviours(doc["behaviours"], objects)
     if not isinstance(objects, dict) or not objects:
         yield "objects: must map object names to their definitions"
         return
     for name, obj in objects.items():
         yield from check_object(name, obj)
+    yield from check_rows(objects)
 
 
 def check_names(doc, names):
