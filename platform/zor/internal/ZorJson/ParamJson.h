@@ -1,0 +1,18 @@
+// CParam <-> JSON, shared by the SDK's transports, the virtual unit and its tools.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "Zor/Param.h"
+
+namespace Zor {
+
+// Insertion-ordered JSON, so that maps keep their order on the wire.
+using Json = nlohmann::ordered_json;
+
+Json ParamToJson(const CParam& param);
+// JSON keeps its type: integers, doubles, booleans, texts, arrays (lists), objects (maps).
+CParam ParamFromJson(const Json& json);
+
+}  // namespace Zor

@@ -1,0 +1,353 @@
+// What the unit does, beyond storing values, where the screens depend on it.
+#include <ctime>
+
+#include "Unit/VirtualUnit.h"
+
+namespace Unit {
+
+using Zor::COid;
+using Zor::CParam;
+using Zor::Json;
+
+namespace {
+
+const char kProfileList[] = "profilelistName";
+const size_t kProfileNameMax = 32;
+
+bool EndsWith(const std::string& s, const std::string& tail)
+{
+    return s.size() >= tail.size() && s.compare(s.size() - tail.size(), tail.size(), tail) == 0;
+}
+
+bool StartsWith(const std::string& s, const std::string& head)
+{
+    return s.compare(0, head.size(), head) == 0;
+}
+
+// Profile names become file names on the receiver: letters, digits, blank, '-', '_', '.'.
+bool ValidProfileName(const std::string& name)
+{
+    if (name.empty() || name.size() > kProfileNameMax || name[0] == ' ' || name[0] == '.') {
+        return false;
+    }
+    for (char c : name) {
+        bool ok = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == ' ' ||
+                  c == '-' || c == '_' || c == '.';
+        if (!ok) {
+            return false;
+        }
+    }
+    return true;
+}
+
+CParam DefaultValue(const ObjectDef_t& def)
+{
+    switch (def.type) {
+        case OT_INT:
+            return CParam::Int(def.hasMin ? static_cast<int64_t>(def.min) : 0);
+        case OT_BOOL:
+            return CParam::Bool(false);
+        case OT_DOUBLE:
+            return CParam::Double(def.hasMin ? def.min : 0.0);
+        case OT_ENUM:
+            return CParam::String(def.texts.empty() ? "" : def.texts[0]);
+        case OT_STRING:
+            break;
+    }
+    return CParam::String("");
+}
+
+}  // namespace
+
+int CVirtualUnit::BehaviourInt(const char* key, int def) const
+{
+    auto it = m_behaviours.find(key);
+    if (it == m_behaviours.end() || !it->is_number()) {
+        return def;
+    }
+    return it->get<int>();
+}
+
+void CVirtualUnit::StartBehaviours()
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    // "systemState" reads as starting (0 unless told otherwise) until the unit is ready.
+    int readyAfter = BehaviourInt("systemStateReadyAfterMs", 0);
+    auto state = m_objects.find("systemState");
+    if (readyAfter > 0 && state != m_objects.end() && !state->second.values.empty()) {
+        for (auto& v : state->second.values) {
+            CParam ready = v.second;
+            COid oid = v.first;
+            v.second = CParam::Int(BehaviourInt("systemStateStarting", 0));
+            ScheduleLocked(static_cast<uint32_t>(readyAfter),
+                           [this, oid, ready] { InternalSetLocked("systemState", oid, ready); });
+        }
+    }
+    if (HasObjectLocked("datetimeNow") && m_behaviours.value("datetimeTick", true)) {
+        TickClockLocked();
+    }
+    m_scheduler = std::thread(&CVirtualUnit::SchedulerLoop, this);
+}
+
+void CVirtualUnit::TickClockLocked()
+{
+    auto obj = m_objects.find("datetimeNow");
+    if (obj == m_objects.end()) {
+        return;
+    }
+    std::time_t now = std::time(nullptr);
+    CParam value;
+    if (obj->second.type == OT_INT) {
+        value = CParam::Int(static_cast<int64_t>(now));
+    } else {
+        std::string format = m_behaviours.value("datetimeFormat", std::string("%Y-%m-%d %H:%M:%S"));
+        std::tm parts{};
+        gmtime_r(&now, &parts);
+        char buf[64];
+        size_t n = std::strftime(buf, sizeof buf, format.c_str(), &parts);
+        value = CParam::String(std::string(buf, n));
+    }
+    for (const auto& v : obj->second.values) {
+        if (v.second != value) {
+            InternalSetLocked("datetimeNow", v.first, value);
+        }
+    }
+    // Tick on the next whole second, so the shown clock never skips one.
+    uint32_t delay = 1000;
+    struct timespec ts {};
+    if (clock_gettime(CLOCK_REALTIME, &ts) == 0) {
+        delay = 1000 - static_cast<uint32_t>(ts.tv_nsec / 1000000) + 1;
+    }
+    ScheduleLocked(delay, [this] { TickClockLocked(); });
+}
+
+std::string CVirtualUnit::RunHookLocked(const std::string& name, const COid& oid, const CParam& value,
+                                        Plan_t& plan)
+{
+    if (StartsWith(name, "profile") && HasObjectLocked(kProfileList)) {
+        return ProfileHookLocked(name, value, plan);
+    }
+    if (name == "updateStart") {
+        return UpdateHookLocked(value, plan);
+    }
+    if (EndsWith(name, "RowStatus")) {
+        return RowStatusHookLocked(name, oid, value, plan);
+    }
+    if (name == "tcpipApplyNew" && value.ToInt64(0) != 0) {
+        StagedApplyLocked(plan);
+    }
+    ResetHookLocked(name, oid, value, plan);
+    return "";
+}
+
+std::string CVirtualUnit::ProfileHookLocked(const std::string& name, const CParam& value, Plan_t& plan)
+{
+    ObjectDef_t& list = m_objects[kProfileList];
+    auto find = [&list](const std::string& profile) {
+        for (const auto& v : list.values) {
+            if (v.second.ToString("") == profile) {
+                return v.first;
+            }
+        }
+        return COid();
+    };
+    std::string text = value.ToString("");
+    if (name == "profileCreateProfile") {
+        if (!ValidProfileName(text)) {
+            return "Invalid profile name: \"" + text + "\"";
+        }
+        if (!find(text).IsEmpty()) {
+            return "Profile already exists: " + text;
+        }
+        uint32_t next = list.values.empty() ? 1 : list.values.rbegin()->first.GetDigitL(0) + 1;
+        plan.after.push_back(Change_t{kProfileList, COid(1, next), CParam::String(text)});
+    } else if (name == "profileApplyProfile") {
+        if (find(text).IsEmpty()) {
+            return "No such profile: " + text;
+        }
+        if (m_bApplying) {
+            return "A profile is being applied";
+        }
+        plan.onCommit.push_back([this] { m_bApplying = true; });
+        // Validating, valid, applying, then the outcome, one step apart.
+        uint32_t step = static_cast<uint32_t>(BehaviourInt("profileApplyStepMs", 500));
+        int outcome = BehaviourInt("profileApplyResult", 4);
+        const char* state = "profileApplyProfileState";
+        plan.after.push_back(Change_t{state, COid(".0"), CParam::Int(0)});
+        plan.timed.emplace_back(step,
+                                [this, state] { InternalSetLocked(state, COid(".0"), CParam::Int(2)); });
+        plan.timed.emplace_back(2 * step,
+                                [this, state] { InternalSetLocked(state, COid(".0"), CParam::Int(3)); });
+        plan.timed.emplace_back(3 * step, [this, state, outcome, text] {
+            if (outcome == 4) {
+                InternalSetLocked("profileLastAppliedProfile", COid(".0"), CParam::String(text));
+            }
+            InternalSetLocked(state, COid(".0"), CParam::Int(outcome));
+            m_bApplying = false;
+        });
+    } else if (name == "profileRenameProfile") {
+        size_t comma = text.find(',');
+        if (comma == std::string::npos) {
+            return "Rename needs old name,new name";
+        }
+        std::string from = text.substr(0, comma);
+        std::string to = text.substr(comma + 1);
+        COid oid = find(from);
+        if (oid.IsEmpty()) {
+            return "No such profile: " + from;
+        }
+        if (!ValidProfileName(to)) {
+            return "Invalid profile name: \"" + to + "\"";
+        }
+        if (to != from && !find(to).IsEmpty()) {
+            return "Profile already exists: " + to;
+        }
+        plan.after.push_back(Change_t{kProfileList, oid, CParam::String(to)});
+    } else if (name == "profileDeleteProfile") {
+        COid oid = find(text);
+        if (oid.IsEmpty()) {
+            return "No such profile: " + text;
+        }
+        for (const auto& obj : m_objects) {
+            if (StartsWith(obj.first, "profilelist")) {
+                plan.removals.emplace_back(obj.first, oid);
+            }
+        }
+    }
+    return "";
+}
+
+std::string CVirtualUnit::UpdateHookLocked(const CParam& value, Plan_t& plan)
+{
+    if (value.ToInt64(0) == 0 || !HasObjectLocked("updateStage")) {
+        return "";
+    }
+    if (m_bUpdating) {
+        return "An update is in progress";
+    }
+    plan.onCommit.push_back([this] { m_bUpdating = true; });
+    uint32_t step = static_cast<uint32_t>(BehaviourInt("updateStepMs", 200));
+    int code = BehaviourInt("updateCompletionCode", 1);
+    COid zero(".0");
+    // Stage 1 starts with the write itself: the panel reads the stage at once.
+    plan.after.push_back(Change_t{"updateProgress", zero, CParam::Int(0)});
+    plan.after.push_back(Change_t{"updateStage", zero, CParam::Int(1)});
+    uint32_t t = 0;
+    for (int p = 10; p <= 100; p += 10) {
+        t += step;
+        plan.timed.emplace_back(
+            t, [this, zero, p] { InternalSetLocked("updateProgress", zero, CParam::Int(p)); });
+    }
+    t += step;
+    plan.timed.emplace_back(t, [this, zero] {
+        InternalSetLocked("updateProgress", zero, CParam::Int(0));
+        InternalSetLocked("updateStage", zero, CParam::Int(2));
+    });
+    for (int p = 50; p <= 100; p += 50) {
+        t += step;
+        plan.timed.emplace_back(
+            t, [this, zero, p] { InternalSetLocked("updateProgress", zero, CParam::Int(p)); });
+    }
+    t += step;
+    plan.timed.emplace_back(t, [this, zero, code] {
+        InternalSetLocked("updateCompletionCode", zero, CParam::Int(code));
+        InternalSetLocked("updateStage", zero, CParam::Int(3));
+        InternalSetLocked("updateStart", zero, CParam::Int(0));
+        m_bUpdating = false;
+    });
+    return "";
+}
+
+std::string CVirtualUnit::RowStatusHookLocked(const std::string& name, const COid& oid, const CParam& value,
+                                              Plan_t& plan)
+{
+    const std::string table = name.substr(0, name.size() - std::string("RowStatus").size());
+    bool exists = m_objects[name].values.count(oid) != 0;
+    int64_t status = value.ToInt64(0);
+    if (status == 4 || status == 5) {  // createAndGo, createAndWait
+        if (exists) {
+            return name + ": row " + oid.OidStr() + " already exists";
+        }
+        for (const auto& obj : m_objects) {
+            if (StartsWith(obj.first, table) && obj.first != name && obj.second.values.count(oid) == 0) {
+                plan.after.push_back(Change_t{obj.first, oid, DefaultValue(obj.second)});
+            }
+        }
+        // The row reads active (1) or notInService (2) once created.
+        plan.after.push_back(Change_t{name, oid, CParam::Int(status == 4 ? 1 : 2)});
+    } else if (status == 6 && exists) {  // destroy
+        for (const auto& obj : m_objects) {
+            if (StartsWith(obj.first, table) && obj.second.values.count(oid) != 0) {
+                plan.removals.emplace_back(obj.first, oid);
+            }
+        }
+    }
+    return "";
+}
+
+void CVirtualUnit::StagedApplyLocked(Plan_t& plan)
+{
+    // "tcpipNewX" holds the staged value of "tcpipX".
+    for (const auto& obj : m_objects) {
+        if (!StartsWith(obj.first, "tcpipNew")) {
+            continue;
+        }
+        std::string live = "tcpip" + obj.first.substr(std::string("tcpipNew").size());
+        auto target = m_objects.find(live);
+        if (target == m_objects.end()) {
+            continue;
+        }
+        for (const auto& v : obj.second.values) {
+            CParam converted;
+            if (ConvertValue(live, target->second, v.second, converted).empty()) {
+                plan.after.push_back(Change_t{live, v.first, converted});
+            }
+        }
+    }
+}
+
+void CVirtualUnit::ResetHookLocked(const std::string& name, const COid& oid, const CParam& value,
+                                   Plan_t& plan)
+{
+    // Counter resets: "counterResets": {"resetObject": ["counterA", ...]} zeroes the counters
+    // at the written instance (every instance when the reset is written at ".0").
+    auto resets = m_behaviours.find("counterResets");
+    if (resets != m_behaviours.end() && resets->is_object() && resets->contains(name) &&
+        (*resets)[name].is_array() && value.ToString("") != "0" && value.ToString("") != "false") {
+        for (const auto& counter : (*resets)[name]) {
+            auto obj = counter.is_string() ? m_objects.find(counter.get<std::string>()) : m_objects.end();
+            if (obj == m_objects.end()) {
+                continue;
+            }
+            for (const auto& v : obj->second.values) {
+                if (v.first == oid || oid == COid(".0")) {
+                    plan.after.push_back(Change_t{obj->first, v.first, DefaultValue(obj->second)});
+                }
+            }
+        }
+    }
+    // Reset and reboot: "reboot": {"objects": [...], "ms": 3000} takes "systemState" through
+    // starting (0) and back to ready.
+    auto reboot = m_behaviours.find("reboot");
+    if (reboot == m_behaviours.end() || !reboot->is_object() || !reboot->contains("objects") ||
+        value.ToString("") == "0" || value.ToString("") == "false") {
+        return;
+    }
+    bool listed = false;
+    for (const auto& o : (*reboot)["objects"]) {
+        listed = listed || (o.is_string() && o.get<std::string>() == name);
+    }
+    auto state = m_objects.find("systemState");
+    if (!listed || state == m_objects.end()) {
+        return;
+    }
+    uint32_t ms = static_cast<uint32_t>(reboot->value("ms", 3000));
+    for (const auto& v : state->second.values) {
+        COid soid = v.first;
+        CParam ready = v.second.ToInt64(0) == 0 || v.second.ToInt64(0) == 2 ? CParam::Int(1) : v.second;
+        plan.after.push_back(Change_t{"systemState", soid, CParam::Int(0)});
+        plan.timed.emplace_back(ms, [this, soid, ready] { InternalSetLocked("systemState", soid, ready); });
+    }
+}
+
+}  // namespace Unit
