@@ -56,6 +56,15 @@ class ShippedUnits(unittest.TestCase):
         labels = values(self.minimal, "tsinputsrcLabel")
         self.assertEqual(1, sum(1 for v in labels.values() if v == "ASI"))
 
+    def test_minimal_keeps_what_start_up_and_the_root_and_admin_screens_read(self):
+        families = ("system", "update", "profile", "unit", "tcpip", "datetime", "frontpanel",
+                    "alarm", "syscond", "sensor", "temp", "syslog", "utility", "hardware",
+                    "model", "input", "tsinputsrc", "mpegipcard", "mpegipnic", "inband")
+        kept = [n for n in self.full["objects"] if n.startswith(families)]
+        self.assertGreater(len(kept), 60)
+        missing = [n for n in kept if n not in self.minimal["objects"]]
+        self.assertEqual([], missing)
+
     def test_card_objects_live_at_the_slots_the_subsystems_report(self):
         for doc in (self.full, self.minimal):
             slots = {
