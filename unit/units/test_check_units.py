@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests of the shipped unit files and of check_units.py. Run: python3 -m unittest discover
+"""Tests of the shipped unit files and of check_units.py. Run: python3 -B -m unittest discover
 -s unit/units -p 'test_*.py' (or this file directly)."""
 
 import contextlib
