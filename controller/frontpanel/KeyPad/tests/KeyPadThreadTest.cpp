@@ -1,0 +1,122 @@
+// The keypad's own threads on a real socket. Waits are event-driven with generous limits, and
+// only bounds that hold on a loaded machine are checked.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <regex>
+
+#include "KeyPadTestSupport.h"
+#include "Qb/Thread.h"
+
+namespace {
+
+class KeyPadThreads : public ::testing::Test {
+protected:
+    KeyPadThreads() : pad(panel.Path(), false) {}
+    void SetUp() override
+    {
+        ASSERT_TRUE(panel.Accept());
+        pad.Register(&recorder);
+        testing::internal::CaptureStdout();
+        pad.Initialize();
+    }
+    void TearDown() override
+    {
+        if (!m_bFinished)
+            Finish();
+    }
+    // Lets the watcher take every queued event, stops both threads, returns what was printed.
+    std::string Finish()
+    {
+        for (int i = 0; i < 100 && pad.QueuedEvents() > 0; ++i)
+            Qb::CThread::Sleep(50);
+        pad.StopAndJoin();
+        m_bFinished = true;
+        return testing::internal::GetCapturedStdout();
+    }
+
+    CLogCapture log;
+    CPanelEnd panel;
+    CTestKeyPad pad;
+    CRecorder recorder;
+    bool m_bFinished = false;
+};
+
+TEST_F(KeyPadThreads, ShortPressGivesOneEventAndNoRepeat)
+{
+    // A foreign frame, then a key report restarted by a second start byte, in one chunk.
+    panel.Send({0x09, 'J', 0x7E, 0x09, 'K', 0x09, 'K', KEY_RIGHT, KEY_STATE_DOWN, 0x7E});
+    Qb::CThread::Sleep(300);
+    panel.Key(KEY_RIGHT, KEY_STATE_UP);
+    Qb::CThread::Sleep(400);  // room for a wrong repeat or release event
+    std::string out = Finish();
+    EXPECT_EQ("KEY RIGHT Down,", recorder.Events());
+    EXPECT_TRUE(std::regex_match(out, std::regex("Key: RIGHT, State: Down, Tick: [0-9]+\n"
+                                                 "Key: RIGHT, State: Up, Tick: [0-9]+\n")))
+        << out;
+    EXPECT_NE(std::string::npos, log.Text().find("ProcessData Received Unhandled Payload Identifier:J\n"));
+}
+
+TEST_F(KeyPadThreads, HeldKeyRepeatsOncePerSilentPassAfterTheThreshold)
+{
+    Qb::uint32 start = Qb::TickMs();
+    panel.Key(KEY_LEFT, KEY_STATE_DOWN);
+    ASSERT_TRUE(recorder.WaitFor(4));  // the press and three repeats
+    panel.Key(KEY_LEFT, KEY_STATE_UP);
+    int held = int(Qb::TickMs() - start);
+    std::string out = Finish();
+
+    std::string events = recorder.Events();
+    EXPECT_TRUE(
+        std::regex_match(events, std::regex("KEY LEFT Down,(KEY LEFT Down\\+,){3}(KEY LEFT Down\\+?,)*")))
+        << events;
+    // Each repeat is announced first, without a line end; at most one repeat per silent pass.
+    EXPECT_TRUE(std::regex_match(out, std::regex("Key: LEFT, State: Down, Tick: [0-9]+\n"
+                                                 "(HOLD STATE: time: [0-9]+ button: LEFT)+"
+                                                 "Key: LEFT, State: Up, Tick: [0-9]+\n")))
+        << out;
+    int repeats = int(std::count(events.begin(), events.end(), ',')) - 1;
+    std::regex announcement("HOLD STATE");
+    EXPECT_EQ(repeats, std::distance(std::sregex_iterator(out.begin(), out.end(), announcement),
+                                     std::sregex_iterator()));
+    EXPECT_LE(repeats, (held - CTavKeyPad::kHoldMs) / CTavKeyPad::kReadTimeoutMs + 2) << held << " ms";
+}
+
+TEST_F(KeyPadThreads, CombinationDownUntilOneKeyIsLeft)
+{
+    panel.Key(KEY_LEFT, KEY_STATE_DOWN);
+    ASSERT_TRUE(recorder.WaitFor(1));
+    panel.Key(KEY_RIGHT, KEY_STATE_DOWN);
+    ASSERT_TRUE(recorder.WaitFor(7));  // then two repeats of LEFT, each with its combination
+    panel.Key(KEY_RIGHT, KEY_STATE_UP);
+    ASSERT_TRUE(recorder.WaitFor(0, "COMBO_UP 1+,"));
+    panel.Key(KEY_LEFT, KEY_STATE_UP);
+    Finish();
+    // Releasing RIGHT queued nothing; the next repeat of LEFT ended the combination.
+    std::string events = recorder.Events();
+    EXPECT_TRUE(std::regex_match(events, std::regex("KEY LEFT Down,KEY RIGHT Down\\+?,COMBO_DOWN 13\\+?,"
+                                                    "(KEY LEFT Down\\+,COMBO_DOWN 13\\+,){2,}"
+                                                    "KEY LEFT Down\\+,COMBO_UP 1\\+,(KEY LEFT Down\\+?,)*")))
+        << events;
+}
+
+TEST_F(KeyPadThreads, DestructorJoinsBothThreadsWithinAPass)
+{
+    Finish();
+    std::unique_ptr<CTavKeyPad> keypad(new CTavKeyPad(pad.m_socket, &pad.m_db));
+    keypad->Initialize();
+    Qb::CThread::Sleep(100);
+    keypad->Stop();
+    Qb::uint32 stopped = Qb::TickMs();
+    keypad.reset();
+    EXPECT_LT(Qb::TickMs() - stopped, 200u);
+    std::string text = std::regex_replace(log.Text(), std::regex("\\([0-9]+\\)"), "(#)");
+    for (const char* line : {"P10CTavKeyPad::KeyPadWatcherRun(#) Starting thread\n",
+                             "P10CTavKeyPad::KeyPadWatcherRun(#) Closing thread\n",
+                             "P10CTavKeyPad::ReadThreadRun(#) Starting thread\n",
+                             "P10CTavKeyPad::ReadThreadRun(#) Closing thread\n"})
+        EXPECT_NE(std::string::npos, text.find(line)) << text;
+}
+
+}  // namespace
