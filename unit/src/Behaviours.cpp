@@ -136,6 +136,12 @@ std::string CVirtualUnit::RunHookLocked(const std::string& name, const COid& oid
     if (name == "tcpipApplyNew" && value.ToInt64(0) != 0) {
         StagedApplyLocked(plan);
     }
+    if (name == "inputManualSwitchover" && value.ToInt64(0) != 0) {
+        SwitchOverLocked(oid, plan);
+    }
+    if (name == "utilityResetSettings" && value.ToInt64(0) != 0) {
+        ResetSettingsLocked(plan);
+    }
     ResetHookLocked(name, oid, value, plan);
     return "";
 }
@@ -301,6 +307,38 @@ void CVirtualUnit::StagedApplyLocked(Plan_t& plan)
             CParam converted;
             if (ConvertValue(live, target->second, v.second, converted).empty()) {
                 plan.after.push_back(Change_t{live, v.first, converted});
+            }
+        }
+    }
+}
+
+void CVirtualUnit::SwitchOverLocked(const COid& oid, Plan_t& plan)
+{
+    // Manual switch-over: the input in use swaps between primary and backup.
+    auto active = m_objects.find("inputInputActive");
+    if (active == m_objects.end() || active->second.values.count(oid) == 0) {
+        return;
+    }
+    bool toBackup = active->second.values[oid].ToString("") != "Backup";
+    plan.after.push_back(Change_t{"inputInputActive", oid, CParam::String(toBackup ? "Backup" : "Primary")});
+    auto source = m_objects.find(toBackup ? "inputBackupSrc" : "inputPrimarySrc");
+    if (source != m_objects.end() && source->second.values.count(oid) != 0 &&
+        HasObjectLocked("inputCurrentActiveInputId")) {
+        plan.after.push_back(Change_t{"inputCurrentActiveInputId", oid, source->second.values[oid]});
+    }
+}
+
+void CVirtualUnit::ResetSettingsLocked(Plan_t& plan)
+{
+    // Every setting goes back to its value in the unit file; status objects stay.
+    for (const auto& obj : m_objects) {
+        if (obj.second.readonly || obj.first == "utilityResetSettings") {
+            continue;
+        }
+        for (const auto& v : m_initial[obj.first]) {
+            auto now = obj.second.values.find(v.first);
+            if (now == obj.second.values.end() || now->second != v.second) {
+                plan.after.push_back(Change_t{obj.first, v.first, v.second});
             }
         }
     }

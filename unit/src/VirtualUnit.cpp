@@ -305,6 +305,7 @@ bool CVirtualUnit::LoadLocked(const Json& doc, std::string& error)
             }
             def.values[oid] = converted;
         }
+        m_initial[name] = def.values;
         m_objects[name] = def;
     }
     return true;
@@ -531,6 +532,18 @@ CParam CVirtualUnit::Subsystems(const std::vector<std::string>& types) const
         }
     }
     return result;
+}
+
+CParam CVirtualUnit::AllSubsystems() const
+{
+    std::vector<std::string> types;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        for (const auto& sub : m_subsystems) {
+            types.push_back(sub.first);
+        }
+    }
+    return Subsystems(types);
 }
 
 std::vector<JournalEntry_t> CVirtualUnit::Writes(uint32_t since, uint32_t& next) const

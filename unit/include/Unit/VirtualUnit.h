@@ -90,6 +90,8 @@ public:
     Zor::CRet Transaction(const std::string& client, const std::vector<Write_t>& writes, bool force);
     // Map of each present type to a list of its instance texts; null when none is present.
     Zor::CParam Subsystems(const std::vector<std::string>& types) const;
+    // The same for every fitted type.
+    Zor::CParam AllSubsystems() const;
     // Journal of client writes (refused ones too) with seq >= since; next is the seq the
     // next write will get.
     std::vector<JournalEntry_t> Writes(uint32_t since, uint32_t& next) const;
@@ -129,6 +131,8 @@ private:
     std::string RowStatusHookLocked(const std::string& name, const Zor::COid& oid, const Zor::CParam& value,
                                     Plan_t& plan);
     void StagedApplyLocked(Plan_t& plan);
+    void SwitchOverLocked(const Zor::COid& oid, Plan_t& plan);
+    void ResetSettingsLocked(Plan_t& plan);
     void TickClockLocked();
     int BehaviourInt(const char* key, int def) const;
     bool HasObjectLocked(const std::string& name) const { return m_objects.count(name) != 0; }
@@ -137,6 +141,7 @@ private:
     mutable std::mutex m_mutex;
     std::string m_strDescription;
     std::map<std::string, ObjectDef_t> m_objects;
+    std::map<std::string, std::map<Zor::COid, Zor::CParam>> m_initial;  // values as loaded
     std::vector<std::pair<std::string, std::vector<std::string>>> m_subsystems;
     Zor::Json m_behaviours;
     std::map<int, Listener> m_listeners;
