@@ -1,0 +1,62 @@
+// Test base for screens on the real display: a panel rig, a screen manager drawing on it,
+// key feeding and golden-panel checks.
+//
+//   class CMyScreenTest : public PanelTest::CPanelTest {};
+//   TEST_F(CMyScreenTest, ...) {
+//       Add(new CMyScreen(), "My Screen");
+//       Show("My Screen");
+//       Press(KEY_DOWN);
+//       ExpectPanel("my_screen_second_line");
+//   }
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "Golden.h"
+#include "PanelRig.h"
+#include "ScreenManager/TavScreenManager.h"
+
+class CTavClient;
+namespace Zor {
+class CZorClient;
+}
+
+namespace PanelTest {
+
+class CPanelTest : public ::testing::Test {
+protected:
+    CPanelTest();
+    ~CPanelTest() override;
+
+    // A data client on an embedded virtual unit (unit/units/<unit>), made on first use.
+    // Call it before adding screens: the manager is made again around the client.
+    CTavClient* Client(const std::string& unit = "full.json");
+
+    CTavScreenManager& Manager() { return *m_pManager; }
+    CPanelRig& Rig() { return m_rig; }
+    void Add(CScreen* pScreen, const std::string& name) { m_pManager->AddScreen(pScreen, name); }
+    void Show(const std::string& name) { m_pManager->ShowScreenLocked(name); }
+    // A key press as the keypad dispatches it.
+    void Press(int key);
+    std::string Current() { return m_pManager->GetCurrentName(); }
+    std::string Panel() { return m_rig.Dump(); }
+    ::testing::AssertionResult PanelMatches(const std::string& golden)
+    {
+        return MatchesGolden(golden, Panel());
+    }
+
+private:
+    void MakeManager(CTavClient* pClient);
+
+    CPanelRig m_rig;
+    std::unique_ptr<Zor::CZorClient> m_pZor;
+    std::unique_ptr<CTavClient> m_pClient;
+    std::unique_ptr<CTavScreenManager> m_pManager;
+};
+
+}  // namespace PanelTest
+
+#define EXPECT_PANEL(golden) EXPECT_TRUE(PanelMatches(golden))
