@@ -1,0 +1,238 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <initializer_list>
+#include <string>
+
+#include "Display/DisplayHw.h"
+#include "PanelLink.h"
+#include "panelsim/PanelModel.h"
+
+namespace {
+
+std::string Bytes(std::initializer_list<int> values)
+{
+    std::string bytes;
+    for (int value : values) {
+        bytes += static_cast<char>(value);
+    }
+    return bytes;
+}
+
+class DisplayHwTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_link.Connected());
+        m_pDisplay.reset(new CDisplayHw(m_link.Socket()));
+    }
+
+    CPanelLink m_link;
+    std::unique_ptr<CDisplayHw> m_pDisplay;
+};
+
+TEST_F(DisplayHwTest, ConstructionAndClearScreenSendTheClearCommand)
+{
+    EXPECT_EQ(Bytes({0x09, 0x30, 0x7E}), m_link.Take());
+    m_pDisplay->ClearScreen();
+    EXPECT_EQ("\t0~", m_link.Take());
+}
+
+TEST_F(DisplayHwTest, DrawLineSendsTheTitleRowFromColumnThreeAndOtherRowsWhole)
+{
+    m_link.Take();
+    const std::string text = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+    m_pDisplay->DrawLine(text, 0);
+    EXPECT_EQ(Bytes({0x09, 0x59, 0x00, 0x09, 0x58, 0x03, 0x09, 0x54}) + text.substr(0, 24) + "~",
+              m_link.Take());
+    m_pDisplay->DrawLine(text, 3);
+    EXPECT_EQ(Bytes({0x09, 0x59, 0x03, 0x09, 0x58, 0x00, 0x09, 0x54}) + text.substr(0, 30) + "~",
+              m_link.Take());
+    m_pDisplay->DrawLine("", 4);
+    EXPECT_EQ(Bytes({0x09, 0x59, 0x04, 0x09, 0x58, 0x00, 0x09, 0x54, 0x7E}), m_link.Take());
+}
+
+TEST_F(DisplayHwTest, PositionNineAndFramingBytesInTextsAreEscaped)
+{
+    m_link.Take();
+    m_pDisplay->DrawHighlighted("a\t}~b", 9, 1);
+    EXPECT_EQ(Bytes({0x09, 0x59, 0x01, 0x09, 0x58, 0x7D, 0x29,                         // position (1, 9)
+                     0x09, 0x52, 0x01,                                                 // highlight on
+                     0x09, 0x54, 'a',  0x7D, 0x29, 0x7D, 0x5D, 0x7D, 0x5E, 'b', 0x7E,  // text
+                     0x09, 0x52, 0x02}),                                               // highlight off
+              m_link.Take());
+    m_pDisplay->DrawBlanks(3, 2, 9);
+    EXPECT_EQ(Bytes({0x09, 0x59, 0x7D, 0x29, 0x09, 0x58, 0x02, 0x09, 0x54, ' ', ' ', ' ', 0x0A, 0x7E}),
+              m_link.Take());
+    // Glyph codes pass unescaped.
+    EXPECT_EQ(Bytes({0x7F, 0x80, 0x7D, 0x5E}), CDisplayHw::EscapeText(Bytes({0x7F, 0x80, 0x7E})));
+}
+
+TEST_F(DisplayHwTest, IndicatorsAndTheLeftIndicatorsKeptWithThem)
+{
+    m_link.Take();
+    const std::string at27 = Bytes({0x09, 0x59, 0x00, 0x09, 0x58, 27, 0x09, 0x54});
+    const std::string at0 = Bytes({0x09, 0x59, 0x00, 0x09, 0x58, 0x00, 0x09, 0x54});
+    m_pDisplay->SetRightIndicators(2);
+    EXPECT_EQ(at27 + Bytes({' ', 0x7F, ' ', 0x7E}), m_link.Take());
+    m_pDisplay->SetRightIndicators(5);
+    EXPECT_EQ(at27 + Bytes({0x80, ' ', 0x81, 0x7E}), m_link.Take());
+
+    m_pDisplay->SetLeftIndicators(24);  // 16 wins over 8
+    EXPECT_EQ(at0 + Bytes({0x8A, 0x7E}), m_link.Take());
+    m_pDisplay->SetLeftIndicators(0);
+    EXPECT_EQ(at0 + Bytes({' ', 0x7E}), m_link.Take());
+
+    m_pDisplay->SetLeftIndicator8(true);
+    m_pDisplay->SetLeftIndicator16(true);
+    m_pDisplay->SetRightIndicators(0);
+    EXPECT_EQ(at0 + Bytes({0x82, 0x7E}) + at0 + Bytes({0x8A, 0x7E}) + at27 + "   ~", m_link.Take());
+}
+
+TEST_F(DisplayHwTest, AnUnchangedWindowIsSentOnceButHighlightsEveryTime)
+{
+    m_link.Take();
+    m_pDisplay->RedrawWindow();  // nothing drawn yet: nothing sent
+    EXPECT_EQ("", m_link.Take());
+
+    m_pDisplay->Clear();
+    m_pDisplay->WriteAt("Menu", 2, 1);
+    m_pDisplay->RedrawWindow();
+    const std::string first = m_link.Take();
+    EXPECT_NE(std::string::npos, first.find(Bytes({0x09, 0x54, ' ', 'M', 'e', 'n', 'u'})));
+    EXPECT_EQ(5u, static_cast<size_t>(std::count(first.begin(), first.end(), 'T')));
+
+    m_pDisplay->QueueHighlight("enu", 2, 2);
+    m_pDisplay->RedrawWindow();
+    EXPECT_EQ(Bytes({0x09, 0x59, 0x02, 0x09, 0x58, 0x02, 0x09, 0x52, 0x01, 0x09, 0x54, 'e', 'n', 'u', 0x7E,
+                     0x09, 0x52, 0x02}),
+              m_link.Take());
+    m_pDisplay->RedrawWindow();
+    EXPECT_EQ("", m_link.Take());
+
+    m_pDisplay->WriteAt("X", 4, 0);
+    m_pDisplay->RedrawWindow();
+    EXPECT_FALSE(m_link.Take().empty());
+}
+
+TEST_F(DisplayHwTest, UpdateLineSendsOneRowAndOnlyItsHighlights)
+{
+    m_pDisplay->Clear();
+    m_pDisplay->WriteAt("Value", 3, 0);
+    m_pDisplay->QueueHighlight("V", 3, 0);
+    m_pDisplay->QueueHighlightChar('*', 1, 5);
+    m_link.Take();
+
+    m_pDisplay->UpdateLine(3);
+    EXPECT_EQ(Bytes({0x09, 0x59, 0x03, 0x09, 0x58, 0x00, 0x09, 0x54}) + "Value" + std::string(25, ' ') + "~" +
+                  Bytes({0x09, 0x59, 0x03, 0x09, 0x58, 0x00, 0x09, 0x52, 0x01, 0x09, 0x54, 'V', 0x7E, 0x09,
+                         0x52, 0x02}),
+              m_link.Take());
+    // The highlight of row 1 waited for the next full redraw.
+    m_pDisplay->RedrawWindow();
+    const std::string redraw = m_link.Take();
+    EXPECT_EQ(Bytes({0x09, 0x59, 0x01, 0x09, 0x58, 0x05, 0x09, 0x52, 0x01, 0x09, 0x54, '*', 0x7E, 0x09, 0x52,
+                     0x02}),
+              redraw.substr(redraw.size() - 16));
+}
+
+TEST_F(DisplayHwTest, ClearDropsPendingHighlightsAndAnUnknownWindowDrawsNothing)
+{
+    m_pDisplay->Clear();
+    m_pDisplay->QueueHighlight("x", 1, 1);
+    m_pDisplay->Clear();
+    m_pDisplay->WriteAt("y", 1, 1);
+    m_link.Take();
+    m_pDisplay->RedrawWindow();
+    EXPECT_EQ(std::string::npos, m_link.Take().find(Bytes({0x09, 0x52, 0x01})));
+
+    EXPECT_FALSE(m_pDisplay->SelectWindow(7));
+    EXPECT_EQ(nullptr, m_pDisplay->GetCurrentWindow());
+    m_pDisplay->WriteAt("z", 1, 1);
+    m_pDisplay->QueueHighlight("z", 1, 1);
+    m_pDisplay->UpdateLine(1);
+    m_pDisplay->RedrawWindow();
+    EXPECT_EQ("", m_link.Take());
+
+    EXPECT_TRUE(m_pDisplay->CreateWindow(7, 30, 5));
+    EXPECT_TRUE(m_pDisplay->SelectWindow(0));
+    EXPECT_EQ('y', m_pDisplay->GetCurrentWindow()->GetLine(1)[1]);
+}
+
+// What the panel shows after the daemon drew a window is exactly that window: rows 1 to 4
+// whole, the title row's 24 characters from column 3, highlights and indicators in place.
+TEST_F(DisplayHwTest, PanelRebuildsTheDrawnWindow)
+{
+    Panelsim::CPanelModel panel;
+    m_pDisplay->Clear();
+    std::string title = "Main Menu";
+    m_pDisplay->WriteAligned(title, 0, ALIGN_CENTRE, 0);
+    m_pDisplay->WriteAt(">Input ~ status", 1, 0);
+    m_pDisplay->WriteAt("Tab\there {braces} }", 2, 1);
+    std::string right = "12.5 Mbit/s";
+    m_pDisplay->WriteAligned(right, 3, ALIGN_RIGHT, 0);
+    m_pDisplay->PutChar("\x85", 4, 29);
+    m_pDisplay->QueueHighlight("Input", 1, 1);
+    m_pDisplay->RedrawWindow();
+    m_pDisplay->SetLeftIndicator8(true);
+    m_pDisplay->SetRightIndicators(6);
+    m_pDisplay->DrawBlanks(4, 10, 3);
+    panel.Feed(m_link.Take());
+
+    EXPECT_EQ(0u, panel.Errors()) << panel.LastError();
+    const CDisplayWindow& window = *m_pDisplay->GetCurrentWindow();
+    for (int row = 1; row < 5; ++row) {
+        for (int column = 0; column < 30; ++column) {
+            const unsigned char drawn = static_cast<unsigned char>(window.GetLine(row)[column]);
+            const bool blanked = row == 3 && column >= 10 && column < 14;
+            EXPECT_EQ(blanked ? ' ' : drawn, panel.Code(row, column)) << row << "," << column;
+            EXPECT_EQ(row == 1 && column >= 1 && column <= 5, panel.IsHighlighted(row, column));
+        }
+    }
+    for (int column = 0; column < 24; ++column) {
+        EXPECT_EQ(window.GetLine(0)[column], static_cast<char>(panel.Code(0, 3 + column)));
+    }
+    // Title centred on the panel, lock indicator at column 0, key hints at 28 and 29.
+    EXPECT_EQ("#" + std::string(9, ' ') + "Main Menu" + std::string(9, ' ') + "$@", panel.RowText(0));
+}
+
+TEST(ReplaceUnsupportedChars, OnlyTheNamedSequencesBecomeADash)
+{
+    struct Case_t {
+        std::string in;
+        std::string out;
+    } cases[] = {
+        {"plain ASCII ~{}", "plain ASCII ~{}"},
+        {"a\x7F"
+         "b\x7F",
+         "a-b\x7F"},                   // scanning stops at the first DEL
+        {"\xC3\xA9t\xC3\xA9", "-t-"},  // two-byte characters
+        {"\xC2\xB0"
+         "C",
+         "-C"},                    // lowest lead
+        {"\xDF\xBF", "-"},         // highest lead
+        {"\xC1\xA9", "\xC1\xA9"},  // not a lead
+        {"\xC3"
+         "A",
+         "\xC3"
+         "A"},                   // lead without continuation
+        {"end\xC3", "end\xC3"},  // cut off at the end
+        {"\xE0\xA0\x80", "-"},   // three bytes, second byte 0xA0
+        {"\xEF\xBF\xBD", "-"},
+        {"\xE2\x80\x94", "\xE2\x80\x94"},  // second byte below 0xA0: kept
+        {"\xE4\xB8"
+         "x",
+         "\xE4\xB8"
+         "x"},                                     // third byte missing
+        {"\xF0\x9F\x98\x80", "\xF0\x9F\x98\x80"},  // four bytes: never replaced
+        {"\x80\xBF", "\x80\xBF"},                  // stray continuations
+        {"\xC3\xA9\x7F\xC3\xA9", "--\xC3\xA9"},    // replaced up to the DEL only
+    };
+    for (Case_t& c : cases) {
+        std::string text = c.in;
+        CDisplay::ReplaceUnsupportedChars(text);
+        EXPECT_EQ(c.out, text) << "input of " << c.in.size() << " bytes";
+    }
+}
+
+}  // namespace

@@ -1,0 +1,161 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "Display/DisplayWindow.h"
+#include "Display/TextAdjustment.h"
+
+namespace {
+
+std::string Row(const CDisplayWindow& window, int row)
+{
+    return std::string(window.GetLine(row), static_cast<size_t>(window.GetColumns()));
+}
+
+TEST(DisplayWindow, FreshWindowIsEmptyAndClearFillsWithSpaces)
+{
+    CDisplayWindow window(3, 30, 5);
+    EXPECT_EQ(0, window.Length());
+    EXPECT_STREQ("", window.GetBuffer());
+    window.Clear();
+    EXPECT_EQ(150, window.Length());
+    EXPECT_EQ(std::string(150, ' '), window.GetBuffer());
+}
+
+TEST(DisplayWindow, PositionChecksRowAndColumnIndependently)
+{
+    CDisplayWindow window(0, 30, 5);
+    window.SetPosition(2, 4);
+    window.SetPosition(7, 3);  // bad row, good column
+    EXPECT_EQ(2, window.GetCursorRow());
+    EXPECT_EQ(3, window.GetCursorColumn());
+    window.SetPosition(1, 30);  // good row, bad column
+    EXPECT_EQ(1, window.GetCursorRow());
+    EXPECT_EQ(3, window.GetCursorColumn());
+    window.SetPosition(-1, -1);
+    EXPECT_EQ(1, window.GetCursorRow());
+    EXPECT_EQ(3, window.GetCursorColumn());
+}
+
+TEST(DisplayWindow, WriteLineCopiesExactlyOneRowAndLeavesZerosAfterAShortText)
+{
+    CDisplayWindow window(0, 30, 5);
+    window.Clear();
+    window.SetPosition(1, 12);
+    window.WriteLine("abc");
+    // The rest of row 1 is zero bytes, so the window's text now ends after "abc".
+    EXPECT_EQ(33, window.Length());
+    EXPECT_EQ('\0', window.GetLine(1)[3]);
+    EXPECT_EQ('\0', window.GetLine(1)[29]);
+    EXPECT_EQ(' ', window.GetLine(2)[0]);
+
+    window.SetPosition(2, 0);
+    window.WriteLine(std::string(40, 'x').c_str());
+    EXPECT_EQ(std::string(30, 'x'), Row(window, 2));
+    EXPECT_EQ(' ', window.GetLine(3)[0]);
+}
+
+TEST(DisplayWindow, WriteRunsOverRowsAndStopsAtTheEndOfTheBuffer)
+{
+    CDisplayWindow window(0, 30, 5);
+    window.Clear();
+    window.SetPosition(1, 28);
+    window.Write("abcd");
+    EXPECT_EQ("ab", Row(window, 1).substr(28));
+    EXPECT_EQ("cd", Row(window, 2).substr(0, 2));
+    EXPECT_EQ(28, window.GetCursorColumn());  // the cursor does not move
+
+    window.SetPosition(4, 25);
+    window.Write("0123456789");
+    EXPECT_EQ("01234", Row(window, 4).substr(25));
+    EXPECT_EQ(150, window.Length());
+
+    // On the last cell nothing at all is written.
+    window.SetPosition(4, 29);
+    window.Write("Z");
+    EXPECT_EQ('4', window.GetLine(4)[29]);
+}
+
+TEST(DisplayWindow, PutCharAndLineAccess)
+{
+    CDisplayWindow window(0, 30, 5);
+    window.Clear();
+    window.SetPosition(3, 5);
+    window.PutChar('>');
+    window.PutChar('*');  // same cell: the cursor stays
+    EXPECT_EQ('*', window.GetLine(3)[5]);
+    EXPECT_EQ(' ', window.GetLine(3)[6]);
+    window.ClearLine();
+    EXPECT_EQ(std::string(30, ' '), Row(window, 3));
+    EXPECT_EQ(window.GetLine(0), window.GetLine(5));
+    EXPECT_EQ(window.GetLine(0), window.GetLine(-1));
+}
+
+TEST(TextAdjustment, AlignmentsInsertSpacesAndPadToThirtyCharacters)
+{
+    CTextAdjustment adjust(30);
+    std::string text = "abc";
+    EXPECT_EQ(13, adjust.Centre(text, 0));
+    EXPECT_EQ(std::string(13, ' ') + "abc" + std::string(14, ' '), text);
+
+    text = std::string(40, 'y');
+    EXPECT_EQ(0, adjust.Centre(text, 2));
+    EXPECT_EQ("  " + std::string(40, 'y'), text);  // never cut, never padded past 30
+
+    text = "abc";
+    EXPECT_EQ(27, adjust.AlignRight(text, 0));
+    EXPECT_EQ(std::string(27, ' ') + "abc", text);
+
+    text = "abc";
+    EXPECT_EQ(27, adjust.AlignRight(text, -30));  // negative sum: nothing inserted
+    EXPECT_EQ("abc" + std::string(27, ' '), text);
+
+    text = "abc";
+    EXPECT_EQ(0, adjust.AlignLeft(text, 2));
+    EXPECT_EQ("  abc" + std::string(25, ' '), text);
+
+    text = "abc";
+    adjust.Centre(text, -3);  // the title correction: 13 - 3 spaces
+    EXPECT_EQ(std::string(10, ' ') + "abc" + std::string(17, ' '), text);
+}
+
+TEST(TextAdjustment, PaddingFollowsThePanelNotTheWidth)
+{
+    CTextAdjustment narrow(10);
+    std::string text = "ab";
+    EXPECT_EQ(4, narrow.Centre(text, 0));
+    EXPECT_EQ(std::string(4, ' ') + "ab" + std::string(24, ' '), text);
+}
+
+TEST(TextAdjustment, SplitKeepsInnerEmptyPiecesLikeGetline)
+{
+    CTextAdjustment adjust(30);
+    EXPECT_EQ((std::vector<std::string>{"a", "", "b"}), adjust.Split("a,,b,", ','));
+    EXPECT_EQ((std::vector<std::string>{"", "a"}), adjust.Split(",a", ','));
+    EXPECT_TRUE(adjust.Split("", ',').empty());
+}
+
+TEST(TextAdjustment, WrapKeepsLinesOneShortOfTheMaximum)
+{
+    CTextAdjustment adjust(30);
+    std::vector<std::string> lines;
+    EXPECT_EQ(2, adjust.Wrap("abcd efgh ijkl", lines, 10, ' '));
+    EXPECT_EQ((std::vector<std::string>{"abcd efgh", "ijkl"}), lines);
+
+    lines.clear();
+    // "abcd efghi" would be exactly 10 characters: that already wraps.
+    EXPECT_EQ(2, adjust.Wrap("abcd efghi", lines, 10, ' '));
+    EXPECT_EQ((std::vector<std::string>{"abcd", "efghi"}), lines);
+
+    lines = {"kept"};
+    EXPECT_EQ(3, adjust.Wrap("a averyverylongword b", lines, 10, ' '));
+    EXPECT_EQ((std::vector<std::string>{"kept", "a", "averyverylongword", "b"}), lines);
+
+    lines.clear();
+    EXPECT_EQ(1, adjust.Wrap("x/y/z", lines, 10, '/'));
+    EXPECT_EQ("x/y/z", lines[0]);
+    EXPECT_EQ(0, adjust.Wrap("", lines, 10, ' '));
+}
+
+}  // namespace
