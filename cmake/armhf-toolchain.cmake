@@ -1,0 +1,38 @@
+# 32-bit ARM (arm-linux-gnueabihf) cross build.
+#   cmake -S . -B build-armhf -DCMAKE_TOOLCHAIN_FILE=cmake/armhf-toolchain.cmake
+# The compiler brings libc and libstdc++; the other armhf libraries and headers (GoogleTest,
+# log4cpp, ncurses, nlohmann-json) are unpacked into sysroot-armhf by scripts/cross-armhf.sh,
+# because Debian cannot install the -dev packages of two architectures side by side.
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR arm)
+set(CMAKE_LIBRARY_ARCHITECTURE arm-linux-gnueabihf)
+
+set(CMAKE_C_COMPILER arm-linux-gnueabihf-gcc)
+set(CMAKE_CXX_COMPILER arm-linux-gnueabihf-g++)
+
+get_filename_component(_fp_root "${CMAKE_CURRENT_LIST_DIR}/.." ABSOLUTE)
+set(FP_ARMHF_SYSROOT "${_fp_root}/sysroot-armhf" CACHE PATH "Unpacked armhf packages")
+set(FP_ARMHF_LIBC "/usr/arm-linux-gnueabihf" CACHE PATH "The cross compiler's own libc and loader")
+set(_fp_libdirs "${FP_ARMHF_SYSROOT}/usr/lib/arm-linux-gnueabihf:${FP_ARMHF_SYSROOT}/lib/arm-linux-gnueabihf")
+
+# Look for headers, libraries and package files only in the armhf trees; programs (the
+# build's own tools) come from the host.
+set(CMAKE_FIND_ROOT_PATH "${FP_ARMHF_SYSROOT}" "${FP_ARMHF_LIBC}")
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+
+# pkg-config must read the armhf .pc files, never the host's.
+set(ENV{PKG_CONFIG_DIR} "")
+set(ENV{PKG_CONFIG_LIBDIR} "${FP_ARMHF_SYSROOT}/usr/lib/arm-linux-gnueabihf/pkgconfig:${FP_ARMHF_SYSROOT}/usr/share/pkgconfig")
+set(ENV{PKG_CONFIG_SYSROOT_DIR} "${FP_ARMHF_SYSROOT}")
+
+# Libraries from the unpacked tree pull in others from it (log4cpp -> libstdc++ is fine,
+# ncurses -> tinfo is not found without this).
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-Wl,-rpath-link,${_fp_libdirs}")
+set(CMAKE_SHARED_LINKER_FLAGS_INIT "-Wl,-rpath-link,${_fp_libdirs}")
+
+# ctest and test discovery run the ARM binaries through user-mode qemu; -L points the
+# guest's loader at the cross libc, LD_LIBRARY_PATH at the unpacked libraries.
+set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm -L "${FP_ARMHF_LIBC}" -E "LD_LIBRARY_PATH=${_fp_libdirs}")
