@@ -11,12 +11,15 @@ class CDaemon : private CUncopyable {
 public:
     // Detaches from the terminal when runAsDaemon is set, then takes the pid file: a pid file
     // locked by a live process means a second instance, which prints a clear message to
-    // stderr and exits with status 1. SIGUSR1 becomes the stop request.
+    // stderr and exits with status 1 (as does a pid file that cannot be created or locked).
+    // The lock is flock() on the pid file, so a stale file of a dead process is taken over.
+    // SIGUSR1 becomes the stop request; other signals keep their dispositions.
     CDaemon(bool runAsDaemon, const std::string& pidPath);
     // Removes the pid file (orderly stop).
     ~CDaemon();
 
-    // Returns when the service is asked to stop (SIGUSR1).
+    // Returns when the service is asked to stop (SIGUSR1); a request that came earlier, after
+    // construction, is not lost.
     void Block();
     // Asks Block() to return, as SIGUSR1 does; safe from any thread.
     static void RequestStop();

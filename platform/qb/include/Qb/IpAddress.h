@@ -13,7 +13,8 @@ public:
     explicit CIpAddress(uint32 hostOrder) : m_uAddr(hostOrder), m_bValid(true) {}
     explicit CIpAddress(const std::string& dotted) : m_uAddr(0), m_bValid(false) { Parse(dotted); }
 
-    // Strict dotted quad: four decimal numbers 0..255, no blanks, no leading '+'. On failure
+    // Strict dotted quad: four decimal numbers 0..255 of one to three digits (leading zeros
+    // are decimal: "010" is 10), no blanks, no leading '+'. On failure
     // the address becomes 0.0.0.0 and invalid, and false is returned.
     bool Parse(const std::string& dotted);
     // Dotted text ("0.0.0.0" for an invalid address).

@@ -18,7 +18,10 @@ public:
     // priority > 0 asks for SCHED_RR at that priority, taken from the thread attributes.
     // When the system refuses the policy (no privilege, a container) the thread starts with
     // inherited scheduling and one warning per process is written to stderr.
-    // priority <= 0 starts the thread with inherited scheduling.
+    // priority <= 0 starts the thread with inherited scheduling. Priorities beyond the
+    // system's SCHED_RR range are clamped to it. Setting the environment variable
+    // QB_REFUSE_SCHED_RR (to anything but "" or "0") makes every SCHED_RR request count as
+    // refused, so the fallback can be exercised where the system would grant it.
     CThread(const std::string& name, int priority, Body body);
     // Joins the thread if it was started and not yet joined.
     ~CThread();

@@ -28,12 +28,15 @@ public:
 
     // priority > 0: the timer thread runs SCHED_RR at that priority where allowed.
     explicit CWakeUpTimer(int priority = 0);
-    // Stops the thread; pending events are dropped without being called.
+    // Stops the thread; pending events are dropped without being called. Never destroy the
+    // timer from one of its own call-backs.
     ~CWakeUpTimer();
 
     // Schedules sink->ProcessRequest() after intervalMs (monotonic clock), then every
-    // intervalMs while repeat is true. Sets id to the new event's identifier (never
-    // INVALID_ID) and returns true.
+    // intervalMs while repeat is true (a repeating interval of 0 counts as 1 ms). Sets id to
+    // the new event's identifier (never INVALID_ID) and returns true; false (and id =
+    // INVALID_ID) for a null sink. A late call-back keeps the period's phase; periods missed
+    // entirely are skipped, not replayed in a burst.
     bool AddEvent(IProcessRequests* sink, uint32 intervalMs, unsigned& id, bool repeat);
 
     // Removes the event and sets id = INVALID_ID. Safe from inside a call-back (also removing
