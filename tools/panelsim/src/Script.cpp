@@ -205,9 +205,9 @@ public:
     bool Until(uint32_t ms, Condition condition)
     {
         const uint32_t start = NowMs();
+        m_rServer.Poll(0);
+        Report();
         for (;;) {
-            m_rServer.Poll(0);
-            Report();
             if (condition()) {
                 return true;
             }
@@ -242,7 +242,8 @@ public:
         CPanelModel& model = m_rServer.Model();
         switch (step.kind) {
             case ScriptStep_t::CONNECT:
-                if (!Until(step.ms, [this] { return m_rServer.Connected(); })) {
+                // A daemon that already came and went counts: its screen is still there.
+                if (!Until(step.ms, [this] { return m_rServer.Connections() > 0; })) {
                     why = "no daemon connected within " + std::to_string(step.ms) + " ms";
                     return false;
                 }
