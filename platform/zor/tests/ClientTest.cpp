@@ -5,11 +5,28 @@
 #include <fstream>
 
 #include "EventRecorder.h"
+#include "UnitdProcess.h"
 #include "Zor/Zor.h"
 
 namespace {
 
-const std::string kSmall = std::string("embedded:") + UNIT_TEST_FILES + "/small.json";
+const std::string kSmallFile = std::string(UNIT_TEST_FILES) + "/small.json";
+
+// Every test of this fixture runs on both links: the unit in-process, and a unitd.
+class Client : public testing::TestWithParam<std::string> {
+protected:
+    void SetUp() override
+    {
+        if (GetParam() == "unix") {
+            ASSERT_TRUE(m_unitd.Start());
+            m_strTarget = "unix:" + m_unitd.Socket();
+        } else {
+            m_strTarget = "embedded:" + kSmallFile;
+        }
+    }
+    CUnitdProcess m_unitd{kSmallFile, TestSocketPath("client")};
+    std::string m_strTarget;
+};
 
 Zor::CParam Keys(std::initializer_list<const char*> keys)
 {
@@ -22,9 +39,9 @@ Zor::CParam Keys(std::initializer_list<const char*> keys)
 
 }  // namespace
 
-TEST(EmbeddedClient, ReadsSingleValuesAndPatternsInOidOrder)
+TEST_P(Client, ReadsSingleValuesAndPatternsInOidOrder)
 {
-    Zor::CZorClient client("zor.fp", kSmall);
+    Zor::CZorClient client("zor.fp", m_strTarget);
     EXPECT_EQ(client.GetVal("zor.fp", "unitAlias", Zor::COid(".0"), true).Val().ToString(""), "IRD-01");
     EXPECT_EQ(client.GetValue("zor.fp", "tsinputsrcBitRate.1.1").Val().ToInt32(0), 38014946);
     EXPECT_FALSE(client.GetValue("zor.fp", "tsinputsrcBitRate.9").Success());
@@ -46,9 +63,9 @@ TEST(EmbeddedClient, ReadsSingleValuesAndPatternsInOidOrder)
     EXPECT_FALSE(client.GetValues("zor.fp", Zor::CParam::Int(3)).Success());
 }
 
-TEST(EmbeddedClient, SubsystemQueryIsNullWhenNoneOfTheTypesIsFitted)
+TEST_P(Client, SubsystemQueryIsNullWhenNoneOfTheTypesIsFitted)
 {
-    Zor::CZorClient client("zor.fp", kSmall);
+    Zor::CZorClient client("zor.fp", m_strTarget);
     Zor::CRet ret = client.QuerySubsystems("zor.fp", Keys({"T2Mi", "CamSlot"}), Zor::COid(".0"), false);
     ASSERT_TRUE(ret.Success());
     EXPECT_FALSE(ret.Val().KeyExists("T2Mi"));  // listed with no instance: not fitted
@@ -57,9 +74,9 @@ TEST(EmbeddedClient, SubsystemQueryIsNullWhenNoneOfTheTypesIsFitted)
     EXPECT_TRUE(client.QuerySubsystems("zor.fp", Keys({"Esam"}), Zor::COid(".0"), false).Val().IsNull());
 }
 
-TEST(EmbeddedClient, WritesConvertCheckAndRefuseWithAMessage)
+TEST_P(Client, WritesConvertCheckAndRefuseWithAMessage)
 {
-    Zor::CZorClient client("zor.fp", kSmall);
+    Zor::CZorClient client("zor.fp", m_strTarget);
     EXPECT_TRUE(client.SendOp("zor.fp", "frontpanelLockMode", ".0", Zor::CParam::String("2")).Success());
     EXPECT_EQ(client.GetValue("zor.fp", "frontpanelLockMode.0").Val(), Zor::CParam::Int(2));
     EXPECT_EQ(client.SendOp("zor.fp", "frontpanelLockMode", ".0", Zor::CParam::String("7")).Msg(),
@@ -77,9 +94,9 @@ TEST(EmbeddedClient, WritesConvertCheckAndRefuseWithAMessage)
     EXPECT_EQ(client.GetValue("zor.fp", "audioLevel.1.1").Val(), Zor::CParam::Double(-3.25));
 }
 
-TEST(EmbeddedClient, TransactionWithOneBadOperationChangesNothing)
+TEST_P(Client, TransactionWithOneBadOperationChangesNothing)
 {
-    Zor::CZorClient client("zor.fp", kSmall);
+    Zor::CZorClient client("zor.fp", m_strTarget);
     CEventRecorder sink;
     client.AddManagedEventHandler("unitAlias", &sink, ".%");
     Zor::CTxn txn;
@@ -99,10 +116,10 @@ TEST(EmbeddedClient, TransactionWithOneBadOperationChangesNothing)
     client.RemoveManagedEventHandler("unitAlias", &sink, ".%");
 }
 
-TEST(EmbeddedClient, EventsFromAnyClientArriveInWriteOrderOnTheDeliveryThread)
+TEST_P(Client, EventsFromAnyClientArriveInWriteOrderOnTheDeliveryThread)
 {
-    Zor::CZorClient panel("zor.fp", kSmall);
-    Zor::CZorClient other("zor.web", kSmall);  // same file: the same unit
+    Zor::CZorClient panel("zor.fp", m_strTarget);
+    Zor::CZorClient other("zor.web", m_strTarget);  // same file: the same unit
     CEventRecorder all, one, twice;
     ASSERT_TRUE(panel.AddManagedEventHandler("unitAlias", &all, ".%").Success());
     ASSERT_TRUE(panel.AddManagedEventHandler("unitAlias", &twice, ".0").Success());
@@ -170,9 +187,9 @@ public:
 
 }  // namespace
 
-TEST(EmbeddedClient, UnsubscribingDuringDeliveryNeitherCrashesNorDeadlocks)
+TEST_P(Client, UnsubscribingDuringDeliveryNeitherCrashesNorDeadlocks)
 {
-    Zor::CZorClient client("zor.fp", kSmall);
+    Zor::CZorClient client("zor.fp", m_strTarget);
     CSelfRemover self(client);
     CBlockingSink blocking;
     CEventRecorder after;
@@ -201,7 +218,7 @@ TEST(EmbeddedClient, UnsubscribingDuringDeliveryNeitherCrashesNorDeadlocks)
     client.RemoveManagedEventHandler("unitAlias", &after, ".%");
 }
 
-TEST(EmbeddedClient, BadTargetsAndFilesFailWithAMessage)
+TEST(ClientTargets, BadTargetsAndFilesFailWithAMessage)
 {
     Zor::CZorClient bad("zor.fp", "serial:/dev/ttyS0");
     Zor::CRet ret = bad.GetValue("zor.fp", "unitAlias.0");
@@ -219,7 +236,7 @@ TEST(EmbeddedClient, BadTargetsAndFilesFailWithAMessage)
     EXPECT_NE(missing.GetValue("zor.fp", "a.0").Msg().find("cannot read"), std::string::npos);
 }
 
-TEST(EmbeddedClient, BuiltInUnitFollowsTheEnvironmentOverride)
+TEST(ClientTargets, BuiltInUnitFollowsTheEnvironmentOverride)
 {
     std::string path = testing::TempDir() + "env-unit.json";
     std::ofstream(path) << R"({"objects": {"unitAlias": {"type": "string", "values": {".0": "FROM-ENV"}}}})";
@@ -228,3 +245,5 @@ TEST(EmbeddedClient, BuiltInUnitFollowsTheEnvironmentOverride)
     unsetenv("ZOR_UNIT_FILE");
     EXPECT_EQ(client.GetValue("zor.fp", "unitAlias.0").Val().ToString(""), "FROM-ENV");
 }
+
+INSTANTIATE_TEST_SUITE_P(Links, Client, testing::Values("embedded", "unix"));

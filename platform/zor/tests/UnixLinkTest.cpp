@@ -1,0 +1,96 @@
+// What only the unitd link has: unreachable controllers, restarts, silent servers.
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <chrono>
+#include <cstdlib>
+
+#include "EventRecorder.h"
+#include "LineClient.h"
+#include "UnitdProcess.h"
+#include "Zor/Zor.h"
+
+namespace {
+
+const std::string kSmallFile = std::string(UNIT_TEST_FILES) + "/small.json";
+
+// Retries a read until it succeeds or the time is up.
+bool ReadsWithin(Zor::CZorClient& client, int ms)
+{
+    auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
+    while (std::chrono::steady_clock::now() < end) {
+        if (client.GetValue("zor.fp", "unitAlias.0").Success()) {
+            return true;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    return false;
+}
+
+}  // namespace
+
+TEST(UnixLink, UnreachableControllerFailsWithAClearMessage)
+{
+    Zor::CZorClient client("zor.fp", "unix:/nonexistent/unitd.sock");
+    Zor::CRet ret = client.GetValue("zor.fp", "unitAlias.0");
+    EXPECT_FALSE(ret.Success());
+    EXPECT_EQ(ret.Msg(),
+              "controller unix:/nonexistent/unitd.sock is not reachable (No such file or directory)");
+    CEventRecorder sink;
+    EXPECT_TRUE(client.AddManagedEventHandler("unitAlias", &sink, ".%").Success());  // kept for later
+}
+
+TEST(UnixLink, ReconnectsToARestartedUnitdAndRestoresSubscriptions)
+{
+    std::string path = TestSocketPath("restart");
+    CUnitdProcess unitd(kSmallFile, path);
+    ASSERT_TRUE(unitd.Start());
+    Zor::CZorClient client("zor.fp", "unix:" + path);
+    CEventRecorder sink;
+    ASSERT_TRUE(client.AddManagedEventHandler("unitAlias", &sink, ".0").Success());
+    ASSERT_TRUE(client.SendOp("zor.fp", "unitAlias", ".0", Zor::CParam::String("before")).Success());
+    ASSERT_TRUE(sink.WaitFor(1));
+
+    EXPECT_EQ(unitd.Stop(), 0);
+    auto start = std::chrono::steady_clock::now();
+    Zor::CRet ret = client.SendOp("zor.fp", "unitAlias", ".0", Zor::CParam::String("meanwhile"));
+    EXPECT_FALSE(ret.Success());
+    EXPECT_EQ(ret.Msg().find("controller unix:" + path), 0u) << ret.Msg();
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+
+    ASSERT_TRUE(unitd.Start());
+    ASSERT_TRUE(ReadsWithin(client, 3000));
+    // The subscription came back with the connection: a write by someone else reaches us.
+    CLineClient other(path);
+    std::string answer =
+        other.Ask(R"({"id":1,"op":"set","name":"unitAlias","instance":".0","value":"after"})");
+    ASSERT_EQ(answer, R"({"id":1,"ok":true})");
+    ASSERT_TRUE(sink.WaitFor(2));
+    EXPECT_EQ(sink.Values().back(), "unitAlias.0=after");
+    client.RemoveManagedEventHandler("unitAlias", &sink, ".0");
+}
+
+TEST(UnixLink, ASilentControllerTimesOut)
+{
+    std::string path = TestSocketPath("silent");
+    int listener = socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un addr{};
+    addr.sun_family = AF_UNIX;
+    std::strncpy(addr.sun_path, path.c_str(), sizeof addr.sun_path - 1);
+    unlink(path.c_str());
+    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&addr), sizeof addr), 0);
+    ASSERT_EQ(listen(listener, 4), 0);  // connections wait in the backlog, never answered
+
+    setenv("ZOR_TIMEOUT_MS", "300", 1);
+    Zor::CZorClient client("zor.fp", "unix:" + path);
+    unsetenv("ZOR_TIMEOUT_MS");
+    auto start = std::chrono::steady_clock::now();
+    Zor::CRet ret = client.GetValue("zor.fp", "unitAlias.0");
+    auto took = std::chrono::steady_clock::now() - start;
+    EXPECT_EQ(ret.Msg(), "controller unix:" + path + " did not answer within 300 ms");
+    EXPECT_GE(took, std::chrono::milliseconds(290));
+    EXPECT_LT(took, std::chrono::milliseconds(2000));
+    close(listener);
+    unlink(path.c_str());
+}

@@ -1,0 +1,203 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+
+#include "Unit/VirtualUnit.h"
+
+using Unit::CVirtualUnit;
+using Zor::COid;
+using Zor::CParam;
+
+namespace {
+
+// Records the unit's changes "name.inst=value" and lets a test wait for one.
+class CChangeLog {
+public:
+    explicit CChangeLog(const std::shared_ptr<CVirtualUnit>& unit) : m_pUnit(unit)
+    {
+        m_id = unit->AddListener([this](const Unit::Change_t& c) {
+            std::lock_guard<std::mutex> lock(m_mutex);
+            m_log.push_back(c.name + c.instance.OidStr() + "=" + c.value.ToString(""));
+            m_cv.notify_all();
+        });
+    }
+    ~CChangeLog() { m_pUnit->RemoveListener(m_id); }
+
+    bool WaitFor(const std::string& entry, int ms = 3000)
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        return m_cv.wait_for(lock, std::chrono::milliseconds(ms), [&] {
+            for (const auto& e : m_log) {
+                if (e == entry) {
+                    return true;
+                }
+            }
+            return false;
+        });
+    }
+    std::vector<std::string> Log()
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        return m_log;
+    }
+
+private:
+    std::shared_ptr<CVirtualUnit> m_pUnit;
+    int m_id;
+    std::mutex m_mutex;
+    std::condition_variable m_cv;
+    std::vector<std::string> m_log;
+};
+
+std::shared_ptr<CVirtualUnit> Small()
+{
+    std::string error;
+    auto unit = CVirtualUnit::LoadFile(UNIT_TEST_FILES "/small.json", error);
+    EXPECT_TRUE(unit) << error;
+    return unit;
+}
+
+Zor::CRet Write(CVirtualUnit& unit, const char* name, const char* inst, const std::string& value)
+{
+    return unit.Set("zor.fp", Unit::Write_t{name, inst, CParam::String(value)}, false);
+}
+
+std::vector<std::string> Profiles(CVirtualUnit& unit)
+{
+    std::vector<std::string> names;
+    CParam list = unit.Get({"profilelistName.%"})["profilelistName"];
+    for (int i = 0; i < list.Length(); ++i) {
+        names.push_back(list.GetKey(i) + "=" + list[list.GetKey(i)].ToString(""));
+    }
+    return names;
+}
+
+}  // namespace
+
+TEST(Behaviours, ProfilesAreCreatedRenamedAndDeletedWithRefusals)
+{
+    auto unit = Small();
+    EXPECT_TRUE(Write(*unit, "profileCreateProfile", ".0", "Sports").Success());
+    EXPECT_EQ(Write(*unit, "profileCreateProfile", ".0", "Sports").Msg(), "Profile already exists: Sports");
+    EXPECT_EQ(Write(*unit, "profileCreateProfile", ".0", "").Msg(), "Invalid profile name: \"\"");
+    EXPECT_EQ(Write(*unit, "profileCreateProfile", ".0", "a/b").Msg(), "Invalid profile name: \"a/b\"");
+    EXPECT_EQ(Profiles(*unit), (std::vector<std::string>{".1=Default", ".2=Sports"}));
+
+    EXPECT_EQ(Write(*unit, "profileRenameProfile", ".0", "Sports").Msg(), "Rename needs old name,new name");
+    EXPECT_EQ(Write(*unit, "profileRenameProfile", ".0", "Nope,X").Msg(), "No such profile: Nope");
+    EXPECT_EQ(Write(*unit, "profileRenameProfile", ".0", "Sports,Default").Msg(),
+              "Profile already exists: Default");
+    EXPECT_EQ(Write(*unit, "profileRenameProfile", ".0", "Sports,*bad*").Msg(),
+              "Invalid profile name: \"*bad*\"");
+    EXPECT_TRUE(Write(*unit, "profileRenameProfile", ".0", "Sports,News").Success());
+    EXPECT_EQ(Profiles(*unit), (std::vector<std::string>{".1=Default", ".2=News"}));
+
+    EXPECT_EQ(Write(*unit, "profileDeleteProfile", ".0", "Sports").Msg(), "No such profile: Sports");
+    EXPECT_TRUE(Write(*unit, "profileDeleteProfile", ".0", "Default").Success());
+    EXPECT_EQ(Profiles(*unit), (std::vector<std::string>{".2=News"}));
+    EXPECT_TRUE(Write(*unit, "profileCreateProfile", ".0", "Late").Success());
+    EXPECT_EQ(Profiles(*unit), (std::vector<std::string>{".2=News", ".3=Late"}));
+}
+
+TEST(Behaviours, ProfileApplyRunsItsStateSequence)
+{
+    auto unit = Small();
+    CChangeLog log(unit);
+    EXPECT_EQ(Write(*unit, "profileApplyProfile", ".0", "Nope").Msg(), "No such profile: Nope");
+    ASSERT_TRUE(Write(*unit, "profileApplyProfile", ".0", "Default").Success());
+    EXPECT_EQ(Write(*unit, "profileApplyProfile", ".0", "Default").Msg(), "A profile is being applied");
+    ASSERT_TRUE(log.WaitFor("profileApplyProfileState.0=4"));
+    std::vector<std::string> states;
+    for (const auto& e : log.Log()) {
+        if (e.compare(0, 24, "profileApplyProfileState") == 0 ||
+            e.compare(0, 25, "profileLastAppliedProfile") == 0) {
+            states.push_back(e);
+        }
+    }
+    EXPECT_EQ(states,
+              (std::vector<std::string>{"profileApplyProfileState.0=0", "profileApplyProfileState.0=2",
+                                        "profileApplyProfileState.0=3", "profileLastAppliedProfile.0=Default",
+                                        "profileApplyProfileState.0=4"}));
+    EXPECT_TRUE(Write(*unit, "profileApplyProfile", ".0", "Default").Success());  // free again
+}
+
+TEST(Behaviours, UpdateStartRunsTheUpdateToCompletion)
+{
+    auto unit = Small();
+    CChangeLog log(unit);
+    ASSERT_TRUE(Write(*unit, "updateStart", ".0", "0").Success());
+    EXPECT_EQ(unit->GetOne("updateStage", COid(".0")).Val().ToInt32(-1), 0);  // "0" starts nothing
+    ASSERT_TRUE(Write(*unit, "updateStart", ".0", "1").Success());
+    // Stage 1 is there at once: the panel reads it right after the event.
+    EXPECT_EQ(unit->GetOne("updateStage", COid(".0")).Val().ToInt32(-1), 1);
+    EXPECT_EQ(Write(*unit, "updateStart", ".0", "1").Msg(), "An update is in progress");
+    ASSERT_TRUE(log.WaitFor("updateStage.0=3"));
+    EXPECT_TRUE(log.WaitFor("updateStart.0=0"));
+    EXPECT_EQ(unit->GetOne("updateCompletionCode", COid(".0")).Val().ToInt32(0), 1);
+    EXPECT_TRUE(log.WaitFor("updateProgress.0=100"));
+    EXPECT_TRUE(log.WaitFor("updateStage.0=2"));
+}
+
+TEST(Behaviours, RowsAreCreatedAndDestroyedAcrossTheirTable)
+{
+    auto unit = Small();
+    EXPECT_TRUE(Write(*unit, "alarmlogRowStatus", ".2", "4").Success());
+    EXPECT_EQ(unit->GetOne("alarmlogRowStatus", COid(".2")).Val().ToInt32(0), 1);  // active
+    EXPECT_EQ(unit->GetOne("alarmlogText", COid(".2")).Val().ToString("x"), "");
+    EXPECT_FALSE(Write(*unit, "alarmlogRowStatus", ".2", "4").Success());
+    EXPECT_FALSE(Write(*unit, "alarmlogText", ".3", "x").Success());  // no row .3
+    EXPECT_TRUE(Write(*unit, "alarmlogRowStatus", ".1", "6").Success());
+    EXPECT_FALSE(unit->GetOne("alarmlogText", COid(".1")).Success());
+    EXPECT_EQ(unit->Get({"alarmlogText.%"})["alarmlogText"].Length(), 1);
+}
+
+TEST(Behaviours, StagedSettingsCountersSwitchOverAndReboot)
+{
+    auto unit = Small();
+    CChangeLog log(unit);
+    ASSERT_TRUE(Write(*unit, "tcpipNewIpAddress", ".0", "10.0.0.9").Success());
+    EXPECT_EQ(unit->GetOne("tcpipIpAddress", COid(".0")).Val().ToString(""), "10.0.0.2");
+    ASSERT_TRUE(Write(*unit, "tcpipApplyNew", ".0", "1").Success());
+    EXPECT_EQ(unit->GetOne("tcpipIpAddress", COid(".0")).Val().ToString(""), "10.0.0.9");
+
+    ASSERT_TRUE(Write(*unit, "tsinputsrcResetCounters", ".2.1", "1").Success());
+    EXPECT_EQ(unit->GetOne("tsinputsrcErrorCount", COid(".2.1")).Val().ToInt32(-1), 0);
+    EXPECT_EQ(unit->GetOne("tsinputsrcErrorCount", COid(".1.1")).Val().ToInt32(-1), 17);
+
+    ASSERT_TRUE(Write(*unit, "unitReboot", ".0", "1").Success());
+    EXPECT_EQ(unit->GetOne("systemState", COid(".0")).Val().ToInt32(-1), 0);
+    EXPECT_TRUE(log.WaitFor("systemState.0=1"));
+}
+
+TEST(Behaviours, SystemStateBecomesReadyAfterTheConfiguredTime)
+{
+    std::string error;
+    auto unit = CVirtualUnit::FromText(R"({"behaviours": {"systemStateReadyAfterMs": 100},
+        "objects": {"systemState": {"type": "int", "readonly": true, "values": {".0": 3}}}})",
+                                       error);
+    ASSERT_TRUE(unit) << error;
+    CChangeLog log(unit);
+    EXPECT_EQ(unit->GetOne("systemState", COid(".0")).Val().ToInt32(-1), 0);
+    EXPECT_TRUE(log.WaitFor("systemState.0=3"));
+}
+
+TEST(Behaviours, ClockTicksInTheConfiguredFormat)
+{
+    std::string error;
+    auto unit = CVirtualUnit::FromText(R"({"behaviours": {"datetimeFormat": "%m/%d/%Y %H:%M:%S"},
+        "objects": {"datetimeNow": {"type": "string", "values": {".0": "01/01/2000 00:00:00"}}}})",
+                                       error);
+    ASSERT_TRUE(unit) << error;
+    std::string first = unit->GetOne("datetimeNow", COid(".0")).Val().ToString("");
+    ASSERT_EQ(first.size(), 19u);
+    EXPECT_EQ(first[2], '/');
+    EXPECT_NE(first, "01/01/2000 00:00:00");
+    CChangeLog log(unit);
+    auto start = std::chrono::steady_clock::now();
+    while (log.Log().empty() && std::chrono::steady_clock::now() - start < std::chrono::seconds(3)) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    EXPECT_FALSE(log.Log().empty());
+}
