@@ -19,7 +19,11 @@ public:
     bool HandleKey(const KeyPress_t& key) override;
     bool SetValue(const char* value) override;
     std::string GetValue() override { return m_strValue; }
-    void Draw(int row) override { DrawLayout(row, m_strValue, m_bEditing); }
+    void Draw(int row) override
+    {
+        ++m_iDraws;
+        DrawLayout(row, m_strValue, m_bEditing);
+    }
 
     int Draws() const { return m_iDraws; }
 

@@ -7,6 +7,9 @@
 #include "ScreenManager/MenuStyleLongList.h"
 #include "ScreenManager/MenuStyleYesNo.h"
 
+// One more macro level, so that NULL is expanded before it becomes text ("__null").
+#define SCREEN_ASSERT_TEXT(expr) FP_ASSERT_TEXT(expr)
+
 namespace {
 
 CMenuStyle* CreateStyle(const std::string& style)
@@ -41,8 +44,8 @@ CScreen::CScreen(const std::string& style)
     // Deliberately fatal: an unknown style name is a programming error. The message names
     // the source as the tree does, without its extension.
     if (m_pMenu == NULL)
-        FpAssertFail(FP_ASSERT_TEXT(m_pMenu != NULL), "controller/frontpanel/ScreenManager/Screen", __LINE__,
-                     __PRETTY_FUNCTION__);
+        FpAssertFail(SCREEN_ASSERT_TEXT(m_pMenu != NULL), "controller/frontpanel/ScreenManager/Screen",
+                     __LINE__, "CScreen::CScreen(const string&)");
 }
 
 CScreen::~CScreen()
