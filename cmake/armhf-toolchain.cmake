@@ -28,10 +28,16 @@ set(ENV{PKG_CONFIG_DIR} "")
 set(ENV{PKG_CONFIG_LIBDIR} "${FP_ARMHF_SYSROOT}/usr/lib/arm-linux-gnueabihf/pkgconfig:${FP_ARMHF_SYSROOT}/usr/share/pkgconfig")
 set(ENV{PKG_CONFIG_SYSROOT_DIR} "${FP_ARMHF_SYSROOT}")
 
-# Libraries from the unpacked tree pull in others from it (log4cpp -> libstdc++ is fine,
-# ncurses -> tinfo is not found without this).
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-Wl,-rpath-link,${_fp_libdirs}")
-set(CMAKE_SHARED_LINKER_FLAGS_INIT "-Wl,-rpath-link,${_fp_libdirs}")
+# Debian's libncurses*.so are linker scripts naming libncurses*.so.6 and -ltinfo, which the
+# linker looks up on its search path (-L); their own needs are found through -rpath-link.
+set(_fp_link "-L${FP_ARMHF_SYSROOT}/lib/arm-linux-gnueabihf -L${FP_ARMHF_SYSROOT}/usr/lib/arm-linux-gnueabihf -Wl,-rpath-link,${_fp_libdirs}")
+set(CMAKE_EXE_LINKER_FLAGS_INIT "${_fp_link}")
+set(CMAKE_SHARED_LINKER_FLAGS_INIT "${_fp_link}")
+set(CMAKE_MODULE_LINKER_FLAGS_INIT "${_fp_link}")
+
+# GCC notes every std::vector<...> argument whose ARM calling convention changed in GCC 7.1;
+# everything here is built by one compiler, so the note is noise.
+set(CMAKE_CXX_FLAGS_INIT "-Wno-psabi")
 
 # ctest and test discovery run the ARM binaries through user-mode qemu; -L points the
 # guest's loader at the cross libc, LD_LIBRARY_PATH at the unpacked libraries.
