@@ -1,5 +1,7 @@
 #include "ScreenManager/Screen.h"
 
+#include <unistd.h>
+
 #include "Client/TavClient.h"
 #include "KeyPad/Assert.h"
 #include "Qb/Thread.h"
@@ -178,7 +180,7 @@ bool CScreen::RunOnViewFromTimer(const std::function<void()>& work)
             return false;
         if (m_pDrawLock->TryLock())
             break;
-        Qb::CThread::Sleep(1);
+        usleep(200);
     }
     bool onView = IsOnView();
     if (onView)
