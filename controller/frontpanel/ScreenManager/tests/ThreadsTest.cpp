@@ -163,14 +163,18 @@ TEST_F(ThreadsTest, KeysEventsTimerAndLockCombinationShareTheDisplay)
         CWatchdog watchdog(120);
         // The key thread: A -> B -> Poll and back, edits on the way.
         std::thread keys([&] {
-            const int cycle[] = {KEY_ENTER, KEY_DOWN, KEY_UP, KEY_ENTER, KEY_DOWN, KEY_UP, KEY_DOWN,
-                                 KEY_UP,    KEY_EXIT, KEY_EXIT, KEY_ENTER, KEY_EXIT};
+            const int cycle[] = {KEY_ENTER, KEY_DOWN, KEY_UP,   KEY_ENTER, KEY_DOWN,  KEY_UP,
+                                 KEY_DOWN,  KEY_UP,   KEY_EXIT, KEY_EXIT,  KEY_ENTER, KEY_EXIT};
             const int count = sizeof(cycle) / sizeof(cycle[0]);
             for (int i = 0; i < 3000; ++i) {
                 KeyPress_t key = {cycle[i % count], KEY_STATE_DOWN};
                 pManager->RouteKey(key);
                 if (i % 97 == 0)
                     pManager->ShowScreenLocked("A");
+                if (i % 41 == 0) {
+                    pManager->ShowScreenLocked("Poll");  // and let its timer work run a while
+                    std::this_thread::sleep_for(std::chrono::milliseconds(3));
+                }
                 std::this_thread::sleep_for(std::chrono::microseconds(300));
             }
             stop = true;
@@ -187,8 +191,9 @@ TEST_F(ThreadsTest, KeysEventsTimerAndLockCombinationShareTheDisplay)
             for (int i = 0; !stop; ++i) {
                 KeyStateTable_t keys = Keys(i % 3 != 2);
                 bool hold = true;
-                monitor.OnEvent(nullptr, i % 3 != 2 ? KEYPAD_EVENT_COMBO_DOWN : KEYPAD_EVENT_COMBO_UP, &keys, &hold);
-                if (i % 3 == 1)
+                monitor.OnEvent(nullptr, i % 3 != 2 ? KEYPAD_EVENT_COMBO_DOWN : KEYPAD_EVENT_COMBO_UP, &keys,
+                                &hold);
+                if (i % 30 == 1)
                     monitor.ProcessRequest();
                 std::this_thread::sleep_for(std::chrono::microseconds(200));
             }
@@ -201,6 +206,7 @@ TEST_F(ThreadsTest, KeysEventsTimerAndLockCombinationShareTheDisplay)
     EXPECT_EQ(0, g_offViewDraws.load()) << "a screen drew after it was left";
     EXPECT_GT(pPoll->runs.load(), 0) << "the timer work never ran: the test did not test it ("
                                      << pPoll->Enters() << " entries)";
+    EXPECT_GT(pLock->Enters(), 0) << "the lock wake-up never switched screens";
     EXPECT_EQ(0u, m_rig.Errors()) << "the panel received a broken command stream";
     delete pManager;
 }
