@@ -1,0 +1,3 @@
+#include "Lines/GenericEditRemoveLine.h"
+
+CGenericEditRemoveLine::CGenericEditRemoveLine() : CTwoWayLine("Edit", "Remove", 5, 5) {}

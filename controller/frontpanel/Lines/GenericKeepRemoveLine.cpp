@@ -1,0 +1,3 @@
+#include "Lines/GenericKeepRemoveLine.h"
+
+CGenericKeepRemoveLine::CGenericKeepRemoveLine() : CTwoWayLine("Keep", "Remove", 6, 5) {}
