@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <initializer_list>
 #include <string>
+#include <thread>
 
 #include "Display/DisplayHw.h"
 #include "PanelLink.h"
@@ -194,6 +197,42 @@ TEST_F(DisplayHwTest, PanelRebuildsTheDrawnWindow)
     }
     // Title centred on the panel, lock indicator at column 0, key hints at 28 and 29.
     EXPECT_EQ("#" + std::string(9, ' ') + "Main Menu" + std::string(9, ' ') + "$@", panel.RowText(0));
+}
+
+// Screens draw from the key, timer and controller threads: frames must never interleave.
+TEST_F(DisplayHwTest, ConcurrentDrawingNeverInterleavesFrames)
+{
+    Panelsim::CPanelModel panel;
+    m_pDisplay->Clear();
+    auto draw = [this](int row, char fill) {
+        for (int i = 0; i < 200; ++i) {
+            m_pDisplay->DrawLine(std::string(30, fill), row);
+            m_pDisplay->DrawHighlighted(std::string(5, fill), 3, row);
+            m_pDisplay->DrawBlanks(2, 28, row);
+        }
+    };
+    // The panel end reads all along, as the multiplexer would.
+    std::atomic<bool> done(false);
+    std::string wire;
+    std::thread reader([&] {
+        while (!done) {
+            wire += m_link.Take();
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+    });
+    std::thread first(draw, 1, 'a');
+    std::thread second(draw, 2, 'b');
+    draw(3, 'c');
+    first.join();
+    second.join();
+    done = true;
+    reader.join();
+    panel.Feed(wire + m_link.Take());
+    EXPECT_EQ(0u, panel.Errors()) << panel.LastError();
+    EXPECT_EQ(std::string(3, 'a') + std::string(25, 'a') + "  ", panel.RowText(1));
+    EXPECT_EQ(std::string(28, 'b') + "  ", panel.RowText(2));
+    EXPECT_TRUE(panel.IsHighlighted(3, 3));
+    EXPECT_FALSE(panel.IsHighlighted(3, 8));
 }
 
 TEST(ReplaceUnsupportedChars, OnlyTheNamedSequencesBecomeADash)
