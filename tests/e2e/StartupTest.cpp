@@ -1,0 +1,172 @@
+// Start-up and shutdown of the real daemon: the system-state gate, the pid file, the stop
+// paths, a second instance, the late panel and the log configuration.
+#include <signal.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "E2eTest.h"
+
+namespace e2e {
+namespace {
+
+const char* const kPidFile = "/var/run/frontpanel.pid";
+const char* const kLogConfig = "/var/config/frontpanel-log4cpp.init";
+const char* const kBuilding = "Create CTavScreenManager...\n";
+
+class StartupTest : public CE2eTest {
+protected:
+    // Reads of "systemState" the daemon made so far, through the tap.
+    std::vector<CControllerTap::Request> StateReads() { return Tap().Find("get", "systemState"); }
+};
+
+// 0 and 2 keep the daemon waiting (polling, panel untouched); 3 releases it. The value is
+// changed live, as the receiver's controller would when it becomes ready.
+TEST_F(StartupTest, NotReadySystemStatesHoldStartUpUntilReady)
+{
+    E2E_REQUIRE_UNITD();
+    CUnitServer& unit = StartUnit();
+    ASSERT_TRUE(unit.Set("systemState", ".0", 0).value("ok", false));
+    CPanelEnd& panel = StartPanel();
+    CChildProcess& fp = StartDaemon();
+
+    // Wait for a run of reads rather than for wall time: a loaded machine is slow.
+    for (int value : {0, 2}) {
+        ASSERT_TRUE(unit.Set("systemState", ".0", value).value("ok", false));
+        size_t before = StateReads().size();
+        long long deadline = NowMs() + kWaitMs;
+        while (StateReads().size() < before + 5 && NowMs() < deadline)
+            usleep(20000);
+        ASSERT_GE(StateReads().size(), before + 5) << "state " << value << ": " << fp.Describe();
+        EXPECT_EQ(fp.Stdout().find(kBuilding), std::string::npos) << "state " << value;
+        EXPECT_EQ(panel.Received(), "") << "state " << value << ": " << Hex(panel.Received());
+    }
+
+    // Polled, not spun: consecutive reads are about 100 ms apart.
+    std::vector<CControllerTap::Request> reads = StateReads();
+    std::vector<long long> gaps;
+    for (size_t i = 1; i < reads.size(); ++i)
+        gaps.push_back(reads[i].timeMs - reads[i - 1].timeMs);
+    std::sort(gaps.begin(), gaps.end());
+    EXPECT_GE(gaps[gaps.size() / 2], 80) << "median gap between reads";
+
+    ASSERT_TRUE(unit.Set("systemState", ".0", 3).value("ok", false));
+    EXPECT_TRUE(WaitRunning(fp)) << fp.Describe();
+    size_t readsWhenReady = StateReads().size();
+    usleep(300000);
+    EXPECT_EQ(StateReads().size(), readsWhenReady) << "the state is read no more once ready";
+}
+
+// Any state other than 0 and 2 lets start-up go on after the first read.
+TEST_F(StartupTest, ReadySystemStatesStartAtOnce)
+{
+    E2E_REQUIRE_UNITD();
+    CUnitServer& unit = StartUnit();
+    for (int value : {1, 3, 5}) {
+        ASSERT_TRUE(unit.Set("systemState", ".0", value).value("ok", false));
+        size_t before = StateReads().size();
+        CChildProcess& fp = StartDaemon();
+        ASSERT_TRUE(WaitRunning(fp)) << "state " << value << ": " << fp.Describe();
+        EXPECT_EQ(StateReads().size(), before + 1) << "state " << value;
+        ASSERT_TRUE(StopDaemon(fp)) << fp.Describe();
+    }
+}
+
+TEST_F(StartupTest, Usr1StopsInOrderWithTheFixedPidFile)
+{
+    std::string asked = TempDir() + "/asked.pid";
+    CChildProcess& fp = StartDaemon({"--pidfile", asked});
+    ASSERT_TRUE(WaitRunning(fp)) << fp.Describe();
+    EXPECT_EQ(ReadFile(kPidFile).find(std::to_string(fp.Pid())), 0u) << ReadFile(kPidFile);
+    EXPECT_FALSE(FileExists(asked));
+
+    ASSERT_TRUE(StopDaemon(fp)) << fp.Describe();
+    EXPECT_EQ(fp.ExitCode(), 0) << fp.Describe();
+    // The two cleanup texts carry no newline of their own.
+    std::string out = fp.Stdout();
+    size_t exitAt = out.find("Initialize: Exit\n");
+    EXPECT_EQ(out.find("Cleaning up front panelCleanup complete", exitAt), exitAt + 17) << out;
+    EXPECT_FALSE(FileExists(kPidFile));
+}
+
+// These signals end the daemon on the spot: the status is the signal number and no
+// cleanup runs.
+TEST_F(StartupTest, TerminatingSignalsExitWithTheirNumberAndNoCleanup)
+{
+    for (int sig : {SIGTERM, SIGINT, SIGHUP}) {
+        CChildProcess& fp = StartDaemon();
+        ASSERT_TRUE(WaitRunning(fp)) << fp.Describe();
+        fp.Signal(sig);
+        ASSERT_TRUE(fp.WaitExit(kWaitMs)) << fp.Describe();
+        EXPECT_EQ(fp.ExitCode(), sig) << fp.Describe();
+        EXPECT_EQ(fp.Stdout().find("Cleaning up"), std::string::npos) << fp.Describe();
+        unlink(kPidFile);  // left behind by the abrupt end
+    }
+}
+
+TEST_F(StartupTest, SecondInstanceIsRefused)
+{
+    CChildProcess& first = StartDaemon();
+    ASSERT_TRUE(WaitRunning(first)) << first.Describe();
+
+    CChildProcess& second = StartDaemon();
+    ASSERT_TRUE(second.WaitExit(kWaitMs)) << second.Describe();
+    EXPECT_EQ(second.ExitCode(), 1) << second.Describe();
+    EXPECT_NE(second.Stderr(), "") << "a refusal says why";
+    EXPECT_EQ(second.Stdout().find("Initialize: Exit"), std::string::npos);
+
+    EXPECT_FALSE(first.HasExited());
+    EXPECT_EQ(ReadFile(kPidFile).find(std::to_string(first.Pid())), 0u) << ReadFile(kPidFile);
+}
+
+TEST_F(StartupTest, BadOptionPrintsUsageAndExits2)
+{
+    CChildProcess& fp = StartDaemon({"--no-such-option"});
+    ASSERT_TRUE(fp.WaitExit(kWaitMs)) << fp.Describe();
+    EXPECT_EQ(fp.ExitCode(), 2) << fp.Describe();
+    EXPECT_NE(fp.Stderr().find("--controller"), std::string::npos)
+        << "the usage names the options: " << fp.Stderr();
+    EXPECT_FALSE(FileExists(kPidFile));
+}
+
+// The socket library retries the panel from the keypad's reads, so a ttyhub that comes up
+// after the daemon still gets its connection.
+TEST_F(StartupTest, ConnectsToAPanelThatAppearsLater)
+{
+    CChildProcess& fp = StartDaemon();
+    ASSERT_TRUE(WaitRunning(fp)) << fp.Describe();
+    CPanelEnd& panel = StartPanel();
+    EXPECT_TRUE(panel.WaitForConnections(1, kWaitMs)) << fp.Describe();
+}
+
+// A missing or unreadable log configuration leaves the default logging; a valid one is
+// used, and the daemon's category reaches its appender.
+TEST_F(StartupTest, LogConfigurationIsOptionalAndHonoured)
+{
+    const std::string broken[] = {"", "appender tav.frontpanel basic nosuchappender\n", "\x01\x02 garbage\n"};
+    for (const std::string& text : broken) {
+        unlink(kLogConfig);
+        if (!text.empty())
+            WriteFile(kLogConfig, text);
+        CChildProcess& fp = StartDaemon();
+        ASSERT_TRUE(WaitRunning(fp)) << Hex(text) << ": " << fp.Describe();
+        ASSERT_TRUE(StopDaemon(fp)) << fp.Describe();
+        EXPECT_EQ(fp.ExitCode(), 0) << fp.Describe();
+    }
+
+    std::string log = TempDir() + "/frontpanel.log";
+    WriteFile(kLogConfig,
+              "# daemon log\n"
+              "appender tav.frontpanel basic file " +
+                  log +
+                  "\n"
+                  "priority tav.frontpanel DEBUG\n");
+    CChildProcess& fp = StartDaemon();
+    ASSERT_TRUE(WaitRunning(fp)) << fp.Describe();
+    ASSERT_TRUE(StopDaemon(fp)) << fp.Describe();
+    std::string lines = ReadFile(log);
+    EXPECT_NE(lines.find("tav.frontpanel : Initialize: system state"), std::string::npos) << lines;
+}
+
+}  // namespace
+}  // namespace e2e

@@ -1,0 +1,312 @@
+#include "Controller.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "Paths.h"
+
+namespace e2e {
+
+namespace {
+
+int ConnectUnix(const std::string& path)
+{
+    struct sockaddr_un addr = {};
+    addr.sun_family = AF_UNIX;
+    if (path.size() >= sizeof addr.sun_path)
+        return -1;
+    std::strcpy(addr.sun_path, path.c_str());
+    int fd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (fd >= 0 && connect(fd, reinterpret_cast<struct sockaddr*>(&addr), sizeof addr) != 0) {
+        close(fd);
+        fd = -1;
+    }
+    return fd;
+}
+
+bool SendAll(int fd, const std::string& text)
+{
+    size_t done = 0;
+    while (done < text.size()) {
+        ssize_t n = send(fd, text.data() + done, text.size() - done, MSG_NOSIGNAL);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            return false;
+        done += static_cast<size_t>(n);
+    }
+    return true;
+}
+
+nlohmann::json Failure(const std::string& msg)
+{
+    return {{"ok", false}, {"msg", msg}};
+}
+
+}  // namespace
+
+// --- CControllerLink
+
+CControllerLink::~CControllerLink()
+{
+    if (m_iFd >= 0)
+        close(m_iFd);
+}
+
+bool CControllerLink::Connect(const std::string& socketPath, std::string* error)
+{
+    m_iFd = ConnectUnix(socketPath);
+    if (m_iFd < 0)
+        *error = "cannot connect to " + socketPath + ": " + std::strerror(errno);
+    return m_iFd >= 0;
+}
+
+bool CControllerLink::ReadLine(std::string* line, long long deadline)
+{
+    for (;;) {
+        size_t nl = m_pending.find('\n');
+        if (nl != std::string::npos) {
+            *line = m_pending.substr(0, nl);
+            m_pending.erase(0, nl + 1);
+            return true;
+        }
+        long long left = deadline - NowMs();
+        if (left <= 0)
+            return false;
+        struct pollfd p = {m_iFd, POLLIN, 0};
+        if (poll(&p, 1, static_cast<int>(left)) <= 0)
+            continue;
+        char buf[4096];
+        ssize_t n = read(m_iFd, buf, sizeof buf);
+        if (n <= 0)
+            return false;
+        m_pending.append(buf, static_cast<size_t>(n));
+    }
+}
+
+nlohmann::json CControllerLink::Request(nlohmann::json request, int timeoutMs)
+{
+    if (m_iFd < 0)
+        return Failure("not connected");
+    int id = m_iNextId++;
+    request["id"] = id;
+    if (!SendAll(m_iFd, request.dump() + "\n"))
+        return Failure("send failed");
+    long long deadline = NowMs() + timeoutMs;
+    std::string line;
+    while (ReadLine(&line, deadline)) {
+        nlohmann::json answer = nlohmann::json::parse(line, nullptr, false);
+        if (answer.is_object() && answer.contains("id") && answer["id"] == id)
+            return answer;
+    }
+    return Failure("no answer to " + request.dump());
+}
+
+// --- CUnitServer
+
+CUnitServer::CUnitServer(const std::string& unitFile, const std::string& socketPath)
+    : m_strUnit(unitFile), m_strSocket(socketPath)
+{
+}
+
+CUnitServer::~CUnitServer() = default;
+
+bool CUnitServer::Start(std::string* error)
+{
+    if (std::string(kUnitdPath).empty()) {
+        *error = "unitd is not built";
+        return false;
+    }
+    m_pProcess.reset(new CChildProcess({kUnitdPath, "--unit", m_strUnit, "--socket", m_strSocket}));
+    if (!m_pProcess->Start(error))
+        return false;
+    long long deadline = NowMs() + 20000;
+    while (NowMs() < deadline) {
+        if (m_pProcess->HasExited()) {
+            *error = "unitd ended at start: " + m_pProcess->Describe();
+            return false;
+        }
+        std::string ignored;
+        if (m_link.Connect(m_strSocket, &ignored))
+            return true;
+        usleep(20000);
+    }
+    *error = "unitd did not open " + m_strSocket + ": " + m_pProcess->Describe();
+    return false;
+}
+
+nlohmann::json CUnitServer::Set(const std::string& name, const std::string& instance,
+                                const nlohmann::json& value, bool force)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    nlohmann::json request = {
+        {"op", "set"}, {"client", "e2e"}, {"name", name}, {"instance", instance}, {"value", value}};
+    if (force)
+        request["force"] = true;
+    return m_link.Request(request);
+}
+
+nlohmann::json CUnitServer::Get(const std::string& key)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    nlohmann::json answer = m_link.Request({{"op", "get"}, {"keys", {key}}});
+    if (!answer.value("ok", false) || !answer.contains("values"))
+        return nullptr;
+    // {"values": {"name": {".0": value}}}: the one value there is.
+    for (auto& byName : answer["values"])
+        for (auto& value : byName)
+            return value;
+    return nullptr;
+}
+
+nlohmann::json CUnitServer::Writes(int since)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_link.Request({{"op", "writes"}, {"since", since}});
+}
+
+// --- CControllerTap
+
+struct CControllerTap::Pair {
+    int down = -1;     // the daemon's connection
+    int up = -1;       // to unitd
+    std::string line;  // partial request line from the daemon
+};
+
+CControllerTap::CControllerTap(const std::string& path, const std::string& upstream)
+    : m_strPath(path), m_strUpstream(upstream), m_iListenFd(-1), m_bStop(false)
+{
+}
+
+CControllerTap::~CControllerTap()
+{
+    m_bStop = true;
+    if (m_thread.joinable())
+        m_thread.join();
+    for (auto& p : m_pairs) {
+        if (p->down >= 0)
+            close(p->down);
+        if (p->up >= 0)
+            close(p->up);
+    }
+    if (m_iListenFd >= 0) {
+        close(m_iListenFd);
+        unlink(m_strPath.c_str());
+    }
+}
+
+bool CControllerTap::Start(std::string* error)
+{
+    struct sockaddr_un addr = {};
+    addr.sun_family = AF_UNIX;
+    if (m_strPath.size() >= sizeof addr.sun_path) {
+        *error = "socket path too long: " + m_strPath;
+        return false;
+    }
+    std::strcpy(addr.sun_path, m_strPath.c_str());
+    m_iListenFd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (m_iListenFd < 0 || bind(m_iListenFd, reinterpret_cast<struct sockaddr*>(&addr), sizeof addr) != 0 ||
+        listen(m_iListenFd, 8) != 0) {
+        *error = "controller tap on " + m_strPath + ": " + std::strerror(errno);
+        return false;
+    }
+    m_thread = std::thread(&CControllerTap::Run, this);
+    return true;
+}
+
+void CControllerTap::Run()
+{
+    while (!m_bStop) {
+        std::vector<struct pollfd> fds;
+        fds.push_back({m_iListenFd, POLLIN, 0});
+        for (auto& p : m_pairs) {
+            fds.push_back({p->down, POLLIN, 0});
+            fds.push_back({p->up, POLLIN, 0});
+        }
+        if (poll(fds.data(), fds.size(), 50) <= 0)
+            continue;
+        if (fds[0].revents & POLLIN) {
+            int down = accept4(m_iListenFd, nullptr, nullptr, SOCK_CLOEXEC);
+            if (down >= 0) {
+                std::unique_ptr<Pair> p(new Pair);
+                p->down = down;
+                p->up = ConnectUnix(m_strUpstream);
+                if (p->up < 0)
+                    close(down);  // as if unitd were not there: the client retries
+                else
+                    m_pairs.push_back(std::move(p));
+            }
+            continue;  // the pair list changed under the poll set
+        }
+        for (size_t i = 0; i < m_pairs.size(); ++i) {
+            Pair& p = *m_pairs[i];
+            bool closed = false;
+            for (int side = 0; side < 2; ++side) {
+                if (fds[1 + 2 * i + side].revents == 0)
+                    continue;
+                int from = side == 0 ? p.down : p.up;
+                int to = side == 0 ? p.up : p.down;
+                char buf[4096];
+                ssize_t n = read(from, buf, sizeof buf);
+                if (n <= 0 || !SendAll(to, std::string(buf, static_cast<size_t>(n)))) {
+                    closed = true;
+                    break;
+                }
+                if (side != 0)
+                    continue;
+                p.line.append(buf, static_cast<size_t>(n));
+                size_t nl;
+                while ((nl = p.line.find('\n')) != std::string::npos) {
+                    nlohmann::json j = nlohmann::json::parse(p.line.substr(0, nl), nullptr, false);
+                    p.line.erase(0, nl + 1);
+                    std::lock_guard<std::mutex> lock(m_mutex);
+                    m_requests.push_back({NowMs(), j});
+                }
+            }
+            if (closed) {
+                close(p.down);
+                close(p.up);
+                p.down = p.up = -1;
+            }
+        }
+        for (size_t i = m_pairs.size(); i-- > 0;) {
+            if (m_pairs[i]->down < 0)
+                m_pairs.erase(m_pairs.begin() + static_cast<std::ptrdiff_t>(i));
+        }
+    }
+}
+
+std::vector<CControllerTap::Request> CControllerTap::Requests()
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_requests;
+}
+
+std::vector<CControllerTap::Request> CControllerTap::Find(const std::string& op, const std::string& object)
+{
+    std::vector<Request> found;
+    for (const Request& r : Requests()) {
+        const nlohmann::json& j = r.json;
+        if (!j.is_object() || j.value("op", "") != op)
+            continue;
+        bool names = j.value("name", "") == object;
+        for (const char* list : {"keys", "types"}) {
+            if (j.contains(list) && j[list].is_array()) {
+                for (const auto& k : j[list]) {
+                    std::string key = k.is_string() ? k.get<std::string>() : "";
+                    names = names || key == object || key.rfind(object + ".", 0) == 0;
+                }
+            }
+        }
+        if (names)
+            found.push_back(r);
+    }
+    return found;
+}
+
+}  // namespace e2e

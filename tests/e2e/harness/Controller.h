@@ -1,0 +1,101 @@
+// The controller side of end-to-end tests: a unitd serving a unit file, a line-protocol
+// link to it for the test's own reads and forced writes, and a tap that sits between the
+// daemon and unitd and records every request the daemon makes.
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "ChildProcess.h"
+
+namespace e2e {
+
+// One connection speaking the unitd protocol (one JSON object per line, answers matched by
+// id, events skipped).
+class CControllerLink {
+public:
+    CControllerLink() : m_iFd(-1), m_iNextId(1) {}
+    ~CControllerLink();
+    CControllerLink(const CControllerLink&) = delete;
+    CControllerLink& operator=(const CControllerLink&) = delete;
+
+    bool Connect(const std::string& socketPath, std::string* error);
+    // Sends the request (an "id" is added) and returns the answer; an answer with
+    // "ok": false and a "msg" when the link fails or times out.
+    nlohmann::json Request(nlohmann::json request, int timeoutMs = 10000);
+
+private:
+    bool ReadLine(std::string* line, long long deadline);
+
+    int m_iFd;
+    int m_iNextId;
+    std::string m_pending;
+};
+
+// unitd serving one unit file on a socket in a folder of the test.
+class CUnitServer {
+public:
+    CUnitServer(const std::string& unitFile, const std::string& socketPath);
+    ~CUnitServer();
+
+    // Starts unitd and waits until its socket answers.
+    bool Start(std::string* error);
+    const std::string& SocketPath() const { return m_strSocket; }
+    CChildProcess& Process() { return *m_pProcess; }
+
+    // A forced write plays the receiver's hardware (also read-only objects).
+    nlohmann::json Set(const std::string& name, const std::string& instance, const nlohmann::json& value,
+                       bool force = true);
+    // The value of one key ("systemState.0"); null when unknown.
+    nlohmann::json Get(const std::string& key);
+    // The write journal since sequence number `since`.
+    nlohmann::json Writes(int since = 0);
+
+private:
+    std::string m_strUnit;
+    std::string m_strSocket;
+    std::unique_ptr<CChildProcess> m_pProcess;
+    CControllerLink m_link;
+    std::mutex m_mutex;  // one request at a time on the link
+};
+
+// A recording relay: the daemon connects to Path(); every connection is relayed to the
+// upstream socket, and every line the daemon sends is kept with its time.
+class CControllerTap {
+public:
+    struct Request {
+        long long timeMs;  // NowMs() when it passed
+        nlohmann::json json;
+    };
+
+    CControllerTap(const std::string& path, const std::string& upstream);
+    ~CControllerTap();
+
+    bool Start(std::string* error);
+    const std::string& Path() const { return m_strPath; }
+
+    std::vector<Request> Requests();
+    // Requests with this "op" that name `object` (in "name", "keys" or "types").
+    std::vector<Request> Find(const std::string& op, const std::string& object);
+
+private:
+    struct Pair;
+    void Run();
+
+    std::string m_strPath;
+    std::string m_strUpstream;
+    int m_iListenFd;
+    std::atomic<bool> m_bStop;
+    std::thread m_thread;
+    std::vector<std::unique_ptr<Pair>> m_pairs;  // tap thread only
+
+    std::mutex m_mutex;  // guards m_requests
+    std::vector<Request> m_requests;
+};
+
+}  // namespace e2e

@@ -1,0 +1,175 @@
+#include "PanelEnd.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+
+namespace e2e {
+
+const char* const kPanelSocket = "/var/run/ttyhub.ttyS4.socket";
+
+CPanelEnd::CPanelEnd(const std::string& path)
+    : m_strPath(path), m_iListenFd(-1), m_bStop(false), m_iConnFd(-1), m_iConnections(0)
+{
+}
+
+CPanelEnd::~CPanelEnd()
+{
+    m_bStop = true;
+    if (m_thread.joinable())
+        m_thread.join();
+    if (m_iConnFd >= 0)
+        close(m_iConnFd);
+    if (m_iListenFd >= 0) {
+        close(m_iListenFd);
+        unlink(m_strPath.c_str());
+    }
+}
+
+bool CPanelEnd::Start(std::string* error)
+{
+    struct sockaddr_un addr = {};
+    addr.sun_family = AF_UNIX;
+    if (m_strPath.size() >= sizeof addr.sun_path) {
+        *error = "socket path too long: " + m_strPath;
+        return false;
+    }
+    std::strcpy(addr.sun_path, m_strPath.c_str());
+    m_iListenFd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    unlink(m_strPath.c_str());
+    if (m_iListenFd < 0 || bind(m_iListenFd, reinterpret_cast<struct sockaddr*>(&addr), sizeof addr) != 0 ||
+        listen(m_iListenFd, 4) != 0) {
+        *error = "panel end on " + m_strPath + ": " + std::strerror(errno);
+        return false;
+    }
+    m_thread = std::thread(&CPanelEnd::Run, this);
+    return true;
+}
+
+void CPanelEnd::Run()
+{
+    while (!m_bStop) {
+        int connFd;
+        {
+            std::lock_guard<std::mutex> lock(m_mutex);
+            connFd = m_iConnFd;
+        }
+        struct pollfd fds[2] = {{m_iListenFd, POLLIN, 0}, {connFd, POLLIN, 0}};
+        int n = poll(fds, connFd >= 0 ? 2 : 1, 50);
+        if (n <= 0)
+            continue;
+        if (fds[0].revents & POLLIN) {
+            int fd = accept4(m_iListenFd, nullptr, nullptr, SOCK_CLOEXEC);
+            if (fd >= 0) {
+                std::lock_guard<std::mutex> lock(m_mutex);
+                if (m_iConnFd >= 0)
+                    close(m_iConnFd);
+                m_iConnFd = fd;
+                ++m_iConnections;
+                m_changed.notify_all();
+            }
+            continue;  // the connection polled may have been replaced
+        }
+        if (connFd >= 0 && fds[1].revents != 0) {
+            char buf[4096];
+            ssize_t got = read(connFd, buf, sizeof buf);
+            std::lock_guard<std::mutex> lock(m_mutex);
+            if (got > 0) {
+                m_received.append(buf, static_cast<size_t>(got));
+                m_changed.notify_all();
+            } else if ((got == 0 || errno != EINTR) && m_iConnFd == connFd) {
+                close(m_iConnFd);
+                m_iConnFd = -1;
+            }
+        }
+    }
+}
+
+int CPanelEnd::Connections()
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_iConnections;
+}
+
+bool CPanelEnd::WaitForConnections(int count, int timeoutMs)
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    return m_changed.wait_for(lock, std::chrono::milliseconds(timeoutMs),
+                              [&] { return m_iConnections >= count; });
+}
+
+std::string CPanelEnd::Received()
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_received;
+}
+
+size_t CPanelEnd::WaitForReceived(const std::string& bytes, int timeoutMs, size_t from)
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    size_t at = std::string::npos;
+    m_changed.wait_for(lock, std::chrono::milliseconds(timeoutMs), [&] {
+        at = from <= m_received.size() ? m_received.find(bytes, from) : std::string::npos;
+        return at != std::string::npos;
+    });
+    return at == std::string::npos ? at : at + bytes.size();
+}
+
+bool CPanelEnd::SendBytes(const std::string& bytes)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_iConnFd < 0)
+        return false;
+    size_t done = 0;
+    while (done < bytes.size()) {
+        ssize_t n = send(m_iConnFd, bytes.data() + done, bytes.size() - done, MSG_NOSIGNAL);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            return false;
+        done += static_cast<size_t>(n);
+    }
+    return true;
+}
+
+bool CPanelEnd::SendKey(int key, int state)
+{
+    const char frame[5] = {0x09, 'K', static_cast<char>(key), static_cast<char>(state), 0x7E};
+    return SendBytes(std::string(frame, sizeof frame));
+}
+
+bool CPanelEnd::Press(int key)
+{
+    return SendKey(key, STATE_DOWN) && SendKey(key, STATE_UP);
+}
+
+void CPanelEnd::Drop()
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_iConnFd >= 0) {
+        close(m_iConnFd);
+        m_iConnFd = -1;
+    }
+}
+
+std::string Hex(const std::string& bytes)
+{
+    std::string out;
+    char two[4];
+    for (unsigned char c : bytes) {
+        std::snprintf(two, sizeof two, "%02x", c);
+        if (!out.empty())
+            out += ' ';
+        out += two;
+    }
+    return out;
+}
+
+}  // namespace e2e
