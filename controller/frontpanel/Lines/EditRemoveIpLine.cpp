@@ -33,7 +33,6 @@ bool CEditRemoveIpLine::OnRemoveStop() const
 bool CEditRemoveIpLine::HandleKey(const KeyPress_t& key)
 {
     if (key.key == KEY_ENTER && m_bEditing && !m_bReadOnly && OnRemoveStop()) {
-        HideCursor(m_cursor.GetRow());
         m_bEditing = false;
         m_bRemoveRequested = true;
         if (m_onRemove)

@@ -2,7 +2,7 @@
 
 #include "Display/Display.h"
 
-CEntryLine::CEntryLine() : m_editor(m_cursor), m_bRefused(false)
+CEntryLine::CEntryLine() : m_editor(m_cursor), m_bRefused(false), m_iDrawnRow(-1)
 {
     m_uKind = 1;
     m_uIdleHint = 6;
@@ -16,8 +16,8 @@ int CEntryLine::FieldWidth() const
 
 bool CEntryLine::HandleKey(const KeyPress_t& key)
 {
-    if (m_bEditing)
-        HideCursor(m_cursor.GetRow());
+    if (m_bEditing && m_iDrawnRow >= 0)
+        HideCursor(m_iDrawnRow);
     if (!m_bEditing) {
         if (key.key == KEY_ENTER) {
             if (!m_bReadOnly)
@@ -62,6 +62,7 @@ void CEntryLine::Commit()
 
 void CEntryLine::Draw(int row)
 {
+    m_iDrawnRow = row;
     m_cursor.SetRow(row);
     if (!m_bEditing) {
         DrawLayout(row, DisplayText(), false);

@@ -26,6 +26,8 @@ bool CGenericHexNumLine::SetValue(const char* value)
 
 std::string CGenericHexNumLine::GetValue()
 {
+    if (m_bEditing)
+        return Editor().Text();
     if (m_bDecimal)
         return Qb::Str::Format("%u", static_cast<unsigned>(m_uValue));
     return Hex(m_uValue);

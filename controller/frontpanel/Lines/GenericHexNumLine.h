@@ -8,7 +8,8 @@
 //                      decimal and GetValue answers decimal (the panel still shows hex)
 //   SetValue(text)     hex digits with or without "0x" (decimal with the setting above);
 //                      false and no change for anything else
-//   GetValue()         the digits ("%%0%dX" of the digit count), or decimal as above
+//   GetValue()         the digits ("%%0%dX" of the digit count), or decimal as above; the
+//                      edited digits while editing
 //   GetNumber()        the committed number
 //
 // Every position steps 0..9, A..F. A committed number above max becomes max.

@@ -5,7 +5,8 @@
 //                    width counts every character, the point and a sign included; when
 //                    min is not below max there are no limits
 //   SetValue(text)   a decimal number; false and no change for anything else
-//   GetValue()       the formatted committed number ("%05.1f" of 12.5 is "012.5")
+//   GetValue()       the formatted committed number ("%05.1f" of 12.5 is "012.5"); the
+//                    edited digits while editing
 //   GetNumber()      the committed number
 //
 // While editing, digits step 0..9 and the point stays where it is; when min is negative
@@ -23,7 +24,7 @@ public:
 
     bool SetValue(const char* value) override;
     bool SetValue(const std::string& value) override { return SetValue(value.c_str()); }
-    std::string GetValue() override { return Format(m_dValue); }
+    std::string GetValue() override { return m_bEditing ? Editor().Text() : Format(m_dValue); }
 
 protected:
     Template_t EditTemplate() override;

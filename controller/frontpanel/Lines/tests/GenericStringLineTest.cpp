@@ -1,0 +1,157 @@
+// Text entry: character sets, the scrolling cursor, commit and abandon, and the one write
+// that ENTER makes through a real menu screen.
+#include <gtest/gtest.h>
+
+#include "LineTestKit.h"
+#include "Lines/FieldEditor.h"
+#include "Lines/GenericStringLine.h"
+#include "PanelTest.h"
+#include "TestScreens.h"
+
+using LineTest::Key;
+using LineTest::Keys;
+
+namespace {
+
+std::string Steps(int set, char from, bool up, int count)
+{
+    std::string seen;
+    char c = from;
+    for (int i = 0; i < count; ++i)
+        seen += (c = CCharSet::ForTextSet(set).Step(c, up));
+    return seen;
+}
+
+// Shows the line's editor, which is what the cursor tests look at.
+class CProbeLine : public CGenericStringLine {
+public:
+    explicit CProbeLine(int maxLength) : CGenericStringLine(maxLength, 4) {}
+    using CEntryLine::Editor;
+};
+
+}  // namespace
+
+TEST(CharSet, EachSetStepsInItsOwnOrderAndWraps)
+{
+    EXPECT_EQ("zz0_a", std::string() + Steps(5, 'y', true, 1) + Steps(5, 'y', true, 1) +
+                           Steps(5, 'z', true, 1) + Steps(5, '9', true, 1) + Steps(5, '_', true, 1));
+    EXPECT_EQ("_9", Steps(5, 'a', false, 2)) << "set 5 reversed";
+    EXPECT_EQ("A_a", Steps(6, 'z', true, 1) + Steps(6, 'Z', true, 1) + Steps(6, '_', true, 1));
+    EXPECT_EQ("0A", Steps(0, 'z', true, 1) + Steps(0, '9', true, 1)) << "byte order, wrapping";
+    EXPECT_EQ("9", Steps(0, 'A', false, 1));
+    EXPECT_EQ("_a", Steps(2, 'Z', true, 2)) << "set 2 has '-' and '_' in byte order";
+    EXPECT_EQ(".", Steps(3, '-', true, 1));
+    EXPECT_EQ(" ~", Steps(4, '~', true, 1) + Steps(4, ' ', false, 1));
+    EXPECT_EQ("0", Steps(99, 'z', true, 1)) << "unknown sets are letters and digits";
+    EXPECT_EQ("0", Steps(0, ' ', true, 1)) << "a blank fill steps into the set";
+}
+
+TEST(GenericStringLine, EditsACopyThatEnterCommitsAndExitDrops)
+{
+    CGenericStringLine line(6, 4);
+    line.SetValue("ab");
+    EXPECT_EQ(6, line.GetIdleHint());
+    EXPECT_EQ(7, line.GetEditHint());
+
+    EXPECT_TRUE(Keys(line, "EUR"));
+    EXPECT_EQ("bb", line.GetValue()) << "the edit copy while editing";
+    EXPECT_FALSE(Keys(line, "X"));
+    EXPECT_EQ("ab", line.GetValue()) << "EXIT drops the copy";
+
+    EXPECT_FALSE(Keys(line, "ERRUE"));
+    EXPECT_EQ("ab!", line.GetValue()) << "the fill blank stepped to '!'; trailing fill is dropped";
+    EXPECT_FALSE(Keys(line, "ERRRX"));
+    EXPECT_FALSE(Keys(line, "EUE"));
+    EXPECT_EQ("bb!", line.GetValue()) << "EXIT put the cursor back on the first position";
+
+    line.SetValue("a much longer text");
+    EXPECT_EQ("a much", line.GetValue()) << "cut to the maximum length";
+
+    CGenericStringLine readOnly(4);
+    readOnly.SetReadOnly(true);
+    EXPECT_FALSE(Keys(readOnly, "E"));
+    EXPECT_FALSE(readOnly.IsEditing());
+}
+
+TEST(GenericStringLine, CursorScrollsOverAValueWiderThanItsField)
+{
+    // 30 columns less a 20-character label less 2: W = 8, so 9 characters are in view.
+    CProbeLine line(12);
+    line.SetLabel("Twenty character lbl");
+    line.SetValue("0123456789AB");
+    Keys(line, "E");
+    const CFieldEditor& editor = line.Editor();
+
+    Keys(line, "RRRRRRRR");
+    EXPECT_EQ(8, editor.Index());
+    EXPECT_EQ(0, editor.Offset()) << "the cursor walks to the end of the field first";
+    Keys(line, "R");
+    EXPECT_EQ(9, editor.Index());
+    EXPECT_EQ(1, editor.Offset()) << "then the text scrolls";
+    EXPECT_EQ("123456789", editor.Visible());
+    Keys(line, "RR");
+    EXPECT_EQ(11, editor.Index());
+    Keys(line, "R");
+    EXPECT_EQ(0, editor.Index()) << "RIGHT past the end wraps to the start";
+    EXPECT_EQ(0, editor.Offset());
+
+    Keys(line, "L");
+    EXPECT_EQ(11, editor.Index()) << "LEFT at the start brings the end into view";
+    EXPECT_EQ(3, editor.Offset());
+    Keys(line, "LLLLLLLL");
+    EXPECT_EQ(3, editor.Index());
+    Keys(line, "L");
+    EXPECT_EQ(2, editor.Index());
+    EXPECT_EQ(2, editor.Offset()) << "at the field's first column LEFT scrolls back";
+
+    // A value that fits its field wraps at its own length.
+    CProbeLine fits(3);
+    fits.SetValue("abc");
+    Keys(fits, "EL");
+    EXPECT_EQ(2, fits.Editor().Index());
+    Keys(fits, "R");
+    EXPECT_EQ(0, fits.Editor().Index());
+}
+
+class StringLinePanelTest : public PanelTest::CPanelTest {};
+
+TEST_F(StringLinePanelTest, EditingShowsTheFieldWithTheCursorHighlighted)
+{
+    CDisplay& display = Rig().Display();
+    display.Clear();
+    CGenericStringLine idle(20);
+    idle.SetLabel("Name: ");
+    idle.SetValue("Uplink IRD 3");
+    idle.SetDisplay(&display);
+    idle.Draw(1);
+
+    CGenericStringLine scrolled(40, 4);
+    scrolled.SetLabel("URI: ");
+    scrolled.SetValue("http://pois.example/esam/acquisition-point");
+    scrolled.SetDisplay(&display);
+    Keys(scrolled, "ELU");  // the end of the value in view, its last character stepped
+    scrolled.Draw(3);
+    display.RedrawWindow();
+    EXPECT_PANEL("lines_string_idle_and_scrolled");
+}
+
+TEST_F(StringLinePanelTest, EnterWritesTheValueOnceAndExitWritesNothing)
+{
+    CTavClient* pClient = Client();
+    LineTest::CWriteRecorder writes(pClient, "unitAlias", ".0");
+    CGenericStringLine* pLine = new CGenericStringLine(20, 4);
+    pLine->BindObject("unitAlias", ".0");
+    Add(new PanelTest::CTableScreen("Unit", "No Screen", {{"Alias: ", "", true, pLine}}), "Unit");
+    Show("Unit");
+    EXPECT_EQ("Uplink IRD 3", pLine->GetValue()) << "the screen shows the controller's value";
+
+    for (int key : {KEY_ENTER, KEY_UP, KEY_EXIT})
+        Press(key);
+    EXPECT_EQ("Unit", Current()) << "EXIT ends the edit, not the screen";
+    EXPECT_TRUE(writes.WritesBefore("Rack 7").empty()) << "EXIT writes nothing";
+
+    for (int key : {KEY_ENTER, KEY_UP, KEY_ENTER})
+        Press(key);
+    EXPECT_EQ((std::vector<std::string>{"Vplink IRD 3"}), writes.WritesBefore("Rack 8"))
+        << "ENTER writes the edited value, once";
+}

@@ -1,0 +1,81 @@
+// Small helpers shared by the line tests: key events, key sequences, and a recorder of the
+// writes the controller reports for one object.
+#pragma once
+
+#include <condition_variable>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "Client/TavClient.h"
+#include "KeyPad/KeyPress.h"
+#include "Lines/GenericLine.h"
+#include "Zor/Zor.h"
+
+namespace LineTest {
+
+inline KeyPress_t Key(int code)
+{
+    return KeyPress_t{code, KEY_STATE_DOWN};
+}
+
+// Presses each key of `keys` in turn: L, R, U, D, X (EXIT), E (ENTER); returns the last answer.
+inline bool Keys(CGenericLine& line, const std::string& keys)
+{
+    bool editing = line.IsEditing();
+    for (char c : keys) {
+        int code = c == 'L'   ? KEY_LEFT
+                   : c == 'R' ? KEY_RIGHT
+                   : c == 'U' ? KEY_UP
+                   : c == 'D' ? KEY_DOWN
+                   : c == 'X' ? KEY_EXIT
+                   : c == 'E' ? KEY_ENTER
+                              : KEY_NONE;
+        editing = line.HandleKey(Key(code));
+    }
+    return editing;
+}
+
+// Every value the controller reports for name.instance after subscribing. Writes are
+// reported in order, so writing a marker value last and waiting for it shows every write
+// made before it, with no sleeping.
+class CWriteRecorder : public Zor::IManagedEventSink {
+public:
+    CWriteRecorder(CTavClient* pClient, const std::string& name, const std::string& instance)
+        : m_pClient(pClient), m_strName(name), m_strInstance(instance)
+    {
+        m_pClient->AddEventHandler(name, this, instance);
+    }
+    ~CWriteRecorder() override { m_pClient->RemoveEventHandler(m_strName, this, m_strInstance); }
+
+    void ManagedEvent(const std::string&, const Zor::COid&, const Zor::CParam& value) override
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_values.push_back(value.ToString(""));
+        m_changed.notify_all();
+    }
+
+    // The values written before `marker`, which this call writes and waits for.
+    std::vector<std::string> WritesBefore(const std::string& marker)
+    {
+        m_pClient->SendData(m_strName, m_strInstance, marker);
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_changed.wait_for(lock, std::chrono::seconds(5),
+                           [&] { return !m_values.empty() && m_values.back() == marker; });
+        std::vector<std::string> before(m_values);
+        if (!before.empty() && before.back() == marker)
+            before.pop_back();
+        m_values.clear();
+        return before;
+    }
+
+private:
+    CTavClient* m_pClient;
+    std::string m_strName;
+    std::string m_strInstance;
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::vector<std::string> m_values;
+};
+
+}  // namespace LineTest
