@@ -142,7 +142,8 @@ bool CGenericList::HandleKey(const KeyPress_t& key)
             return false;
         case KEY_ENTER:
             if (!m_bEditing) {
-                if (!m_bReadOnly)
+                // Nothing to choose from: no edit.
+                if (!m_bReadOnly && visible)
                     m_bEditing = true;
                 m_iPending = m_iCommitted;
                 return m_bEditing;

@@ -17,7 +17,8 @@
 //   SetCommitHandler(f)     called with the line after ENTER commits a choice
 //
 // While editing, UP shows the next entry and DOWN the previous one, both wrapping; ENTER
-// commits and writes a bound object at once; EXIT goes back to the committed entry.
+// commits and writes a bound object at once; EXIT goes back to the committed entry. A list
+// with nothing to offer does not start editing.
 #pragma once
 
 #include <functional>
