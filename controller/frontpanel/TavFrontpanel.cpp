@@ -4,14 +4,25 @@
 
 #include "Client/Globals.h"
 #include "Client/TavClient.h"
+#include "Display/DisplayHw.h"
+#include "KeyPad/KeyPressMonitor.h"
 #include "KeyPad/TavKeyPad.h"
 #include "Qb/Print.h"
 #include "Qb/Thread.h"
+#include "ScreenManager/TavScreenManager.h"
 #include "Zor/Zor.h"
 
 namespace {
 
 const char* const kLogConfigPath = "/var/config/frontpanel-log4cpp.init";
+
+// The keypad as start-up owns it: Cleanup stops and joins its threads before it deletes the
+// objects those threads call into, and deletes the keypad itself at its own later step.
+class COwnedKeyPad : public CTavKeyPad {
+public:
+    COwnedKeyPad(Qb::CStreamSocket& socket, CTavClient* pDb) : CTavKeyPad(socket, pDb) {}
+    void StopThreads() { StopAndJoin(); }
+};
 
 uint32_t ReadSystemState(Zor::CZorClient& zor)
 {
@@ -57,12 +68,13 @@ void CTavFrontpanel::Initialize(Qb::CDaemon& daemon)
     }
     m_log.debug("Initialize: system state %u, starting", state);
 
-    m_pKeyPad = new CTavKeyPad(m_socket, &client);
-    // Display on the panel socket (clears the panel): added here when it lands.
+    m_pKeyPad = new COwnedKeyPad(m_socket, &client);
+    m_pDisplay = new CDisplayHw(m_socket);  // clears the panel
 
     Qb::MyPrintf("Create CTavScreenManager...\n");
-    // Screen manager, image-update and profile-apply sinks with their subscriptions to
-    // "updateStart" and "profileApplyProfileState": added here when they land.
+    m_pScreenManager = new CTavScreenManager(m_pKeyPad, m_pDisplay, &client);
+    // The image-update and profile-apply sinks with their subscriptions to "updateStart"
+    // and "profileApplyProfileState" (".%") come here when they land.
 
     Qb::MyPrintf("initScreens...\n");
     // Screen creator, given the screen manager.
@@ -70,8 +82,13 @@ void CTavFrontpanel::Initialize(Qb::CDaemon& daemon)
     // The creator builds the screen tree here.
 
     Qb::MyPrintf("SetupKeyPad\n");
-    // Key handlers, screen manager first, then the key press monitor: added here when they
-    // land.
+    // The manager sees every key event before the monitor does. Both handlers stay
+    // registered until the keypad is deleted in Cleanup, inside this scope.
+    TEventHandler<CScreenManager> managerHandler(m_pScreenManager);
+    m_pKeyPad->Register(&managerHandler);
+    m_pKeyPressMonitor = new CKeyPressMonitor(m_pScreenManager, &client.GetWakeUpTimer());
+    TEventHandler<CKeyPressMonitor> monitorHandler(m_pKeyPressMonitor);
+    m_pKeyPad->Register(&monitorHandler);
     m_pKeyPad->Initialize();
 
     Qb::MyPrintf("Initialize: Exit\n");
@@ -90,11 +107,34 @@ void CTavFrontpanel::Cleanup()
     // No newline after either text, on purpose: the two lines are printed exactly so.
     Qb::MyPrintf("Cleaning up front panel");
 
-    // The unregistrations name fresh handler objects, so the registrations made in
-    // Initialize stay until the keypad is destroyed. (Added with the keypad.)
+    // These name fresh handler objects, and registrations are matched by identity: in
+    // effect both registrations made in Initialize stay until the keypad is deleted. Kept
+    // as it is on purpose.
+    if (m_pKeyPressMonitor != nullptr && m_pKeyPad != nullptr) {
+        TEventHandler<CKeyPressMonitor> handler(m_pKeyPressMonitor);
+        m_pKeyPad->Unregister(&handler);
+    }
+    if (m_pScreenManager != nullptr && m_pKeyPad != nullptr) {
+        TEventHandler<CScreenManager> handler(m_pScreenManager);
+        m_pKeyPad->Unregister(&handler);
+    }
 
-    // Screen creator, screen manager, the two sinks, display, key press monitor are
-    // deleted here in that order as they land.
+    // Before anything is deleted, no key event and no lock wake-up may still be on its way
+    // into the manager: the keypad's threads are joined (the keypad object stays until its
+    // own step) and the monitor's pending wake-up is removed (which waits for a running one).
+    if (m_pKeyPad != nullptr)
+        static_cast<COwnedKeyPad*>(m_pKeyPad)->StopThreads();
+    if (m_pKeyPressMonitor != nullptr)
+        m_pKeyPressMonitor->DisarmLockTimer();
+
+    // The screen creator goes first here, once it lands.
+    delete m_pScreenManager;  // with all its screens
+    m_pScreenManager = nullptr;
+    // The image-update sink, then the profile-apply sink, go here once they land.
+    delete m_pDisplay;
+    m_pDisplay = nullptr;
+    delete m_pKeyPressMonitor;
+    m_pKeyPressMonitor = nullptr;
 
     if (m_pKeyPad != nullptr) {
         m_pKeyPad->Stop();

@@ -292,7 +292,7 @@ std::vector<CControllerTap::Request> CControllerTap::Find(const std::string& op,
     std::vector<Request> found;
     for (const Request& r : Requests()) {
         const nlohmann::json& j = r.json;
-        if (!j.is_object() || j.value("op", "") != op)
+        if (!j.is_object() || (!op.empty() && j.value("op", "") != op))
             continue;
         bool names = j.value("name", "") == object;
         for (const char* list : {"keys", "types"}) {

@@ -80,7 +80,8 @@ public:
     const std::string& Path() const { return m_strPath; }
 
     std::vector<Request> Requests();
-    // Requests with this "op" that name `object` (in "name", "keys" or "types").
+    // Requests with this "op" (any op when empty) that name `object` (in "name", "keys" or
+    // "types").
     std::vector<Request> Find(const std::string& op, const std::string& object);
 
 private:
