@@ -2,7 +2,7 @@
 
 #include "Display/Display.h"
 
-CGenericScrollLine::CGenericScrollLine(const std::string& text) : m_iOffset(0)
+CGenericScrollLine::CGenericScrollLine(const std::string& text) : m_iOffset(0), m_bSlid(false)
 {
     m_uKind = 1;
     m_uIdleHint = 3;
@@ -31,6 +31,7 @@ int CGenericScrollLine::LastOffset() const
 
 bool CGenericScrollLine::HandleKey(const KeyPress_t& key)
 {
+    int before = m_iOffset;
     switch (key.key) {
         case KEY_RIGHT:
             m_iOffset = m_iOffset + SCROLL_STEP < LastOffset() ? m_iOffset + SCROLL_STEP : LastOffset();
@@ -45,11 +46,24 @@ bool CGenericScrollLine::HandleKey(const KeyPress_t& key)
         default:
             break;
     }
+    m_bSlid = m_bSlid || m_iOffset != before;
     return false;
 }
 
 void CGenericScrollLine::Draw(int row)
 {
+    // After a key on a row that is not being edited the menu style sends nothing, so a
+    // slide is sent from here, with the selection marker the style keeps in column 0.
+    const CDisplayWindow* pWindow = m_pDisplay != nullptr ? m_pDisplay->GetCurrentWindow() : nullptr;
+    bool send = m_bSlid && pWindow != nullptr && row >= 0 && row < pWindow->GetRows();
+    char marker = send && m_iLabelColumn > 0 ? pWindow->GetLine(row)[0] : ' ';
+    m_bSlid = false;
+
     int offset = m_iOffset < static_cast<int>(m_strText.size()) ? m_iOffset : 0;
     DrawLayout(row, m_strText.substr(static_cast<size_t>(offset)), false);
+    if (!send)
+        return;
+    const char text[2] = {marker, '\0'};
+    m_pDisplay->PutChar(text, row, 0);
+    m_pDisplay->UpdateLine(row);
 }

@@ -34,4 +34,5 @@ private:
 
     std::string m_strText;
     int m_iOffset;
+    bool m_bSlid;  // moved by a key and not yet sent
 };
