@@ -91,6 +91,36 @@ TEST_F(StartupTest, Usr1StopsInOrderWithTheFixedPidFile)
     EXPECT_FALSE(FileExists(kPidFile));
 }
 
+// Unsubscribe requests for a name with the all-instances pattern.
+size_t AllInstanceUnsubscribes(CControllerTap& tap, const std::string& name)
+{
+    size_t n = 0;
+    for (const CControllerTap::Request& r : tap.Find("unsubscribe", name)) {
+        std::string instance = r.json.value("instance", "");
+        n += instance == ".%" || instance == "%";
+    }
+    return n;
+}
+
+// The stop removes the "updateStart" subscription and then names the image-update sink for
+// "profileApplyProfileState" as well, so the controller keeps the profile-apply
+// subscription for as long as the client lives: the tap sees no request ending it.
+TEST_F(StartupTest, OrderlyStopKeepsTheProfileApplySubscription)
+{
+    E2E_REQUIRE_UNITD();
+    StartUnit();
+    CChildProcess& fp = StartDaemon();
+    ASSERT_TRUE(WaitRunning(fp)) << fp.Describe();
+    if (Tap().Find("subscribe", "updateStart").empty())
+        GTEST_SKIP() << "start-up has no update and profile-apply sinks yet";
+    EXPECT_EQ(Tap().Find("subscribe", "profileApplyProfileState").size(), 1u);
+
+    ASSERT_TRUE(StopDaemon(fp)) << fp.Describe();
+    EXPECT_EQ(fp.ExitCode(), 0) << fp.Describe();
+    EXPECT_EQ(AllInstanceUnsubscribes(Tap(), "updateStart"), 1u);
+    EXPECT_EQ(AllInstanceUnsubscribes(Tap(), "profileApplyProfileState"), 0u);
+}
+
 // These signals end the daemon on the spot: the status is the signal number and no
 // cleanup runs.
 TEST_F(StartupTest, TerminatingSignalsExitWithTheirNumberAndNoCleanup)
