@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <sstream>
 
+#include "Display/Display.h"
+
 CGenericList::CGenericList() : m_iCommitted(0), m_iPending(0), m_iHiddenCount(0)
 {
     m_uKind = 1;
@@ -17,7 +19,11 @@ int CGenericList::AddEntry(const std::string& text)
 
 int CGenericList::AddEntry(const std::string& text, const std::string& value)
 {
-    m_entries.push_back(Entry_t{text, value});
+    // Entry texts often come from the controller (service names): make them safe to show.
+    // The controller text stays as it is, since reads must match it exactly.
+    std::string shown = text;
+    CDisplay::ReplaceUnsupportedChars(shown);
+    m_entries.push_back(Entry_t{shown, value});
     PlaceCursor();
     return GetEntryCount() - 1;
 }
