@@ -145,7 +145,6 @@ TEST_F(KeyPad, FailedThreadStartIsLoggedAndClearsRunning)
 
 TEST(KeyPadDeathTest, NullDataClientIsAnAssertion)
 {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
     Qb::CStreamSocket socket(Qb::CLocalSocketAddress("/nonexistent/panel.socket"));
     EXPECT_DEATH(
         { CTavKeyPad pad(socket, nullptr); },
