@@ -162,8 +162,8 @@ void CTavKeyPad::ResetIfSuspended()
 
 void CTavKeyPad::CheckHold()
 {
-    // Under the state mutex, unlike the unlocked reads this timing could get away with: the
-    // table and the hold flag are also written by SetSuspended on screen threads.
+    // Under the state mutex: SetSuspended writes the same fields from screen threads, and a
+    // repeat must never be queued after a suspend has emptied the queue.
     Qb::CMutexLocker lock(*m_pMutex);
     if (m_keyStates[m_iCurrentKey] != KEY_STATE_DOWN)
         return;
