@@ -115,14 +115,4 @@ TEST(PanelModel, ProtocolErrorsAreCountedAndDecodingRecovers)
     EXPECT_EQ(std::string::npos, panel.Dump().find("unfinished"));
 }
 
-TEST(PanelModel, KeyFramesAndNames)
-{
-    EXPECT_EQ(std::string("\tK\x03\x01~"),
-              Panelsim::KeyFrame(Panelsim::PANEL_KEY_RIGHT, Panelsim::KEY_STATE_DOWN));
-    EXPECT_EQ(Panelsim::PANEL_KEY_EXIT, Panelsim::KeyByName("exit"));
-    EXPECT_EQ(Panelsim::PANEL_KEY_ENTER, Panelsim::KeyByName("ENTER"));
-    EXPECT_EQ(0, Panelsim::KeyByName("NONE"));
-    EXPECT_EQ(0, Panelsim::KeyByName("SIDEWAYS"));
-}
-
 }  // namespace

@@ -53,15 +53,4 @@ TEST(Display, WriteWrappedFillsConsecutiveRowsFromTheFirstRow)
     EXPECT_EQ(std::string(150, ' '), below.GetCurrentWindow()->GetBuffer());
 }
 
-TEST(Display, WriteAtIsCutAtTheEndOfTheWindow)
-{
-    CWindowOnlyDisplay display;
-    display.WriteAt("", 1, 1);
-    display.WriteAt("abcdefgh", 4, 26);
-    EXPECT_EQ("abcd", Row(display, 4).substr(26));
-    EXPECT_EQ(150, display.GetCurrentWindow()->Length());
-    display.ClearLine(4);
-    EXPECT_EQ(std::string(30, ' '), Row(display, 4));
-}
-
 }  // namespace
