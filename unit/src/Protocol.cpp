@@ -90,7 +90,12 @@ std::string CSession::Handle(const std::string& line)
     }
     Json out = Json::object();
     if (request.is_object() && request.contains("id")) {
-        out["id"] = request["id"];
+        // Only a plain id is echoed: copying a deeply nested one could exhaust the stack.
+        if (request["id"].is_primitive()) {
+            out["id"] = request["id"];
+        } else {
+            answer = Fail("malformed request: \"id\" must be a number or a text");
+        }
     }
     for (auto it = answer.begin(); it != answer.end(); ++it) {
         out[it.key()] = it.value();
@@ -105,8 +110,16 @@ Json CSession::Dispatch(const Json& request)
     if (!Text(request, "op", op)) {
         return Fail("malformed request: no \"op\"");
     }
-    std::string client = request.value("client", std::string("unknown"));
-    bool force = request.value("force", false);
+    auto clientField = request.find("client");
+    auto forceField = request.find("force");
+    if (clientField != request.end() && !clientField->is_string()) {
+        return Fail("malformed request: \"client\" must be a text");
+    }
+    if (forceField != request.end() && !forceField->is_boolean()) {
+        return Fail("malformed request: \"force\" must be true or false");
+    }
+    std::string client = clientField != request.end() ? clientField->get<std::string>() : "unknown";
+    bool force = forceField != request.end() && forceField->get<bool>();
     if (op == "get") {
         std::vector<std::string> keys;
         if (!TextList(request, "keys", keys)) {
@@ -172,7 +185,7 @@ Json CSession::Dispatch(const Json& request)
     }
     if (op == "writes") {
         auto since = request.find("since");
-        if (since != request.end() && !since->is_number_unsigned()) {
+        if (since != request.end() && (!since->is_number_unsigned() || since->get<uint64_t>() > UINT32_MAX)) {
             return Fail("\"since\" must be a sequence number");
         }
         uint32_t from = since == request.end() ? 0 : since->get<uint32_t>();

@@ -51,12 +51,22 @@ TEST_F(Unitd, EveryBadRequestGetsAMessageAndTheServerKeepsServing)
          R"({"id":15,"ok":false,"msg":"\"since\" must be a sequence number"})"},
         {R"({"id":16,"op":"read","name":"unitAlias","instance":".3"})",
          R"({"id":16,"ok":false,"msg":"unitAlias: no instance \".3\""})"},
+        {R"({"id":18,"op":"set","client":7,"name":"unitAlias","instance":".0","value":"x"})",
+         R"({"id":18,"ok":false,"msg":"malformed request: \"client\" must be a text"})"},
+        {R"({"id":19,"op":"set","force":"yes","name":"unitAlias","instance":".0","value":"x"})",
+         R"({"id":19,"ok":false,"msg":"malformed request: \"force\" must be true or false"})"},
+        {R"({"id":[[[1]]],"op":"ping"})",
+         R"({"ok":false,"msg":"malformed request: \"id\" must be a number or a text"})"},
+        {R"({"id":20,"op":"writes","since":4294967296})",
+         R"({"id":20,"ok":false,"msg":"\"since\" must be a sequence number"})"},
         {"{\"id\":17,\"op\":\"set\",\"name\":\"unitAlias\",\"instance\":\".0\",\"value\":\"\xff\"}",
          R"({"ok":false,"msg":"malformed request: not a JSON object"})"},
     };
     for (const auto& c2 : cases) {
         EXPECT_EQ(c.Ask(c2.first), c2.second) << c2.first;
     }
+    std::string deep = "{\"op\":\"ping\",\"id\":" + std::string(100000, '[') + std::string(100000, ']') + "}";
+    EXPECT_EQ(c.Ask(deep), R"({"ok":false,"msg":"malformed request: \"id\" must be a number or a text"})");
     EXPECT_EQ(c.Ask(R"({"id":"x","op":"get","keys":["unitAlias.0","nope.0"]})"),
               R"({"id":"x","ok":true,"values":{"unitAlias":{".0":"IRD-01"}}})");
     EXPECT_EQ(c.Ask(R"({"id":20,"op":"subsystems","types":["Esam"]})"),
