@@ -359,5 +359,9 @@ int main(int argc, char** argv)
     if (!link.Connect(error)) {
         return Fail(error);
     }
-    return run(link, o);
+    try {
+        return run(link, o);
+    } catch (const std::exception& e) {
+        return Fail(std::string("unexpected answer from unitd: ") + e.what());
+    }
 }

@@ -83,7 +83,9 @@ void CVirtualUnit::StartBehaviours()
                            [this, oid, ready] { InternalSetLocked("systemState", oid, ready); });
         }
     }
-    if (HasObjectLocked("datetimeNow") && m_behaviours.value("datetimeTick", true)) {
+    auto tick = m_behaviours.find("datetimeTick");
+    if (HasObjectLocked("datetimeNow") &&
+        (tick == m_behaviours.end() || !tick->is_boolean() || tick->get<bool>())) {
         TickClockLocked();
     }
     m_scheduler = std::thread(&CVirtualUnit::SchedulerLoop, this);
@@ -100,7 +102,9 @@ void CVirtualUnit::TickClockLocked()
     if (obj->second.type == OT_INT) {
         value = CParam::Int(static_cast<int64_t>(now));
     } else {
-        std::string format = m_behaviours.value("datetimeFormat", std::string("%Y-%m-%d %H:%M:%S"));
+        auto custom = m_behaviours.find("datetimeFormat");
+        std::string format = custom != m_behaviours.end() && custom->is_string() ? custom->get<std::string>()
+                                                                                 : "%Y-%m-%d %H:%M:%S";
         std::tm parts{};
         gmtime_r(&now, &parts);
         char buf[64];
@@ -372,14 +376,16 @@ void CVirtualUnit::ResetHookLocked(const std::string& name, const COid& oid, con
         return;
     }
     bool listed = false;
-    for (const auto& o : (*reboot)["objects"]) {
+    const Json& objects = (*reboot)["objects"];
+    for (const auto& o : objects.is_array() ? objects : Json::array()) {
         listed = listed || (o.is_string() && o.get<std::string>() == name);
     }
     auto state = m_objects.find("systemState");
     if (!listed || state == m_objects.end()) {
         return;
     }
-    uint32_t ms = static_cast<uint32_t>(reboot->value("ms", 3000));
+    auto msField = reboot->find("ms");
+    uint32_t ms = msField != reboot->end() && msField->is_number_unsigned() ? msField->get<uint32_t>() : 3000;
     for (const auto& v : state->second.values) {
         COid soid = v.first;
         CParam ready = v.second.ToInt64(0) == 0 || v.second.ToInt64(0) == 2 ? CParam::Int(1) : v.second;

@@ -86,7 +86,12 @@ std::string CSession::Handle(const std::string& line)
     } else if (!request.is_object()) {
         answer = Fail("malformed request: not a JSON object");
     } else {
-        answer = Dispatch(request);
+        try {
+            answer = Dispatch(request);
+        } catch (const std::exception& e) {
+            // Every field is checked before use; this keeps the server up if one was missed.
+            answer = Fail(std::string("malformed request: ") + e.what());
+        }
     }
     Json out = Json::object();
     if (request.is_object() && request.contains("id")) {

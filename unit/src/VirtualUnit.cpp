@@ -184,11 +184,15 @@ std::shared_ptr<CVirtualUnit> CVirtualUnit::FromText(const std::string& text, st
 std::shared_ptr<CVirtualUnit> CVirtualUnit::FromJson(const Json& doc, std::string& error)
 {
     std::shared_ptr<CVirtualUnit> unit(new CVirtualUnit());
-    {
+    try {
         std::lock_guard<std::mutex> lock(unit->m_mutex);
         if (!unit->LoadLocked(doc, error)) {
             return nullptr;
         }
+    } catch (const std::exception& e) {
+        // A field of an unexpected JSON type that no check above names.
+        error = std::string("unexpected content: ") + e.what();
+        return nullptr;
     }
     unit->StartBehaviours();
     return unit;
@@ -254,7 +258,11 @@ bool CVirtualUnit::LoadLocked(const Json& doc, std::string& error)
             error = name + ": \"type\" must be string, int, bool, double or enum";
             return false;
         }
-        def.readonly = o.value("readonly", false);
+        if (o.contains("readonly") && !o["readonly"].is_boolean()) {
+            error = name + ": \"readonly\" must be true or false";
+            return false;
+        }
+        def.readonly = o.contains("readonly") && o["readonly"].get<bool>();
         if (o.contains("texts")) {
             if (!o["texts"].is_array()) {
                 error = name + ": \"texts\" must be a list of texts";
@@ -298,7 +306,9 @@ bool CVirtualUnit::LoadLocked(const Json& doc, std::string& error)
                 return false;
             }
             CParam converted;
-            std::string msg = ConvertValue(name, def, Zor::ParamFromJson(v.value()), converted);
+            // Only scalars are values; a list or map is refused before it is converted.
+            std::string msg = ConvertValue(
+                name, def, v.value().is_primitive() ? Zor::ParamFromJson(v.value()) : CParam(), converted);
             if (!msg.empty()) {
                 error = msg + " (instance " + v.key() + ")";
                 return false;

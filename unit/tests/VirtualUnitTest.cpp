@@ -42,7 +42,16 @@ TEST(VirtualUnit, RefusesBrokenUnitFilesWithTheReason)
     EXPECT_EQ(LoadError(R"({"objects": {"a": {"type": "int"}}})"),
               "a: \"values\" must map instances to values");
     EXPECT_EQ(LoadError(R"({"subsystems": {"T2Mi": [".x"]}})"), "subsystem T2Mi: bad instance \".x\"");
+    EXPECT_EQ(LoadError(R"({"objects": {"a": {"type": "int", "readonly": "yes", "values": {".0": 1}}}})"),
+              "a: \"readonly\" must be true or false");
+    EXPECT_EQ(LoadError(R"({"objects": {"a": {"type": "int", "values": {".0": [[1]]}}}})"),
+              "a: a value must be a text, number or boolean (instance .0)");
+    // Behaviour settings of the wrong type fall back to their defaults.
     std::string error;
+    EXPECT_TRUE(CVirtualUnit::FromText(R"({"behaviours": {"datetimeTick": "no", "datetimeFormat": 5,
+        "reboot": {"objects": 1, "ms": "x"}}, "objects": {"datetimeNow": {"type": "string", "values": {".0": ""}}}})",
+                                       error))
+        << error;
     EXPECT_FALSE(CVirtualUnit::LoadFile("/nonexistent.json", error));
     EXPECT_EQ(error, "cannot read unit file /nonexistent.json");
 }

@@ -321,6 +321,15 @@ private:
 
     void HandleLine(const std::string& line)
     {
+        try {
+            TakeLine(line);
+        } catch (const std::exception&) {
+            // A line of an unexpected shape from the server is dropped, not fatal.
+        }
+    }
+
+    void TakeLine(const std::string& line)
+    {
         Json msg = Json::parse(line, nullptr, false);
         if (!msg.is_object()) {
             return;  // not ours to answer; a bad line from the server is ignored
