@@ -162,6 +162,13 @@ std::string CVirtualUnit::ProfileHookLocked(const std::string& name, const CPara
         return COid();
     };
     std::string text = value.ToString("");
+    // The receiver stores profiles as NAME.pfl; a name given with the extension means the same.
+    auto bare = [](std::string n) {
+        return EndsWith(n, ".pfl") && n.size() > 4 ? n.substr(0, n.size() - 4) : n;
+    };
+    if (name != "profileRenameProfile") {
+        text = bare(text);
+    }
     if (name == "profileCreateProfile") {
         if (!ValidProfileName(text)) {
             return "Invalid profile name: \"" + text + "\"";
@@ -200,8 +207,8 @@ std::string CVirtualUnit::ProfileHookLocked(const std::string& name, const CPara
         if (comma == std::string::npos) {
             return "Rename needs old name,new name";
         }
-        std::string from = text.substr(0, comma);
-        std::string to = text.substr(comma + 1);
+        std::string from = bare(text.substr(0, comma));
+        std::string to = bare(text.substr(comma + 1));
         COid oid = find(from);
         if (oid.IsEmpty()) {
             return "No such profile: " + from;

@@ -91,7 +91,8 @@ TEST(Behaviours, ProfilesAreCreatedRenamedAndDeletedWithRefusals)
               "Profile already exists: Default");
     EXPECT_EQ(Write(*unit, "profileRenameProfile", ".0", "Sports,*bad*").Msg(),
               "Invalid profile name: \"*bad*\"");
-    EXPECT_TRUE(Write(*unit, "profileRenameProfile", ".0", "Sports,News").Success());
+    EXPECT_TRUE(
+        Write(*unit, "profileRenameProfile", ".0", "Sports.pfl,News").Success());  // extension optional
     EXPECT_EQ(Profiles(*unit), (std::vector<std::string>{".1=Default", ".2=News"}));
 
     EXPECT_EQ(Write(*unit, "profileDeleteProfile", ".0", "Sports").Msg(), "No such profile: Sports");
