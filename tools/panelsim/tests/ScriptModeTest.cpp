@@ -128,8 +128,12 @@ protected:
     void Start(const std::string& script, std::vector<std::string> extra = {})
     {
         std::ofstream(m_strDir + "/script") << script;
-        std::vector<std::string> args = {PANELSIM_BIN, "--socket", m_strSocket, "--script",
-                                         m_strDir + "/script"};
+        std::vector<std::string> args;
+        std::stringstream emulator(PANELSIM_EMULATOR);
+        for (std::string word; std::getline(emulator, word, '|');) {
+            args.push_back(word);
+        }
+        args.insert(args.end(), {PANELSIM_BIN, "--socket", m_strSocket, "--script", m_strDir + "/script"});
         args.insert(args.end(), extra.begin(), extra.end());
         std::vector<char*> argv;
         for (std::string& arg : args) {
@@ -142,7 +146,7 @@ protected:
                                          O_WRONLY | O_CREAT | O_TRUNC, 0600);
         posix_spawn_file_actions_addopen(&actions, 2, (m_strDir + "/err").c_str(),
                                          O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        ASSERT_EQ(0, posix_spawn(&m_pid, PANELSIM_BIN, &actions, nullptr, argv.data(), environ));
+        ASSERT_EQ(0, posix_spawnp(&m_pid, argv[0], &actions, nullptr, argv.data(), environ));
         posix_spawn_file_actions_destroy(&actions);
     }
 
