@@ -2,6 +2,7 @@
 
 #include <poll.h>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -34,6 +35,12 @@ bool CLink::Connect(std::string& error)
     }
     std::memcpy(addr.sun_path, m_strPath.c_str(), m_strPath.size() + 1);
     m_fd = socket(AF_UNIX, SOCK_STREAM, 0);
+    timeval tv{};
+    tv.tv_sec = m_iTimeoutMs / 1000;
+    tv.tv_usec = (m_iTimeoutMs % 1000) * 1000;
+    if (m_fd >= 0) {
+        setsockopt(m_fd, SOL_SOCKET, SO_SNDTIMEO, &tv, sizeof tv);  // bounds connect and send
+    }
     if (m_fd < 0 || connect(m_fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr) != 0) {
         error = "cannot reach unitd at " + m_strPath + ": " + std::strerror(errno);
         return false;

@@ -223,16 +223,17 @@ private:
             return;
         }
         fcntl(fd, F_SETFD, FD_CLOEXEC);
+        // A stuck server (full backlog, unread socket) must not hold a connect or a writer
+        // past the time-out.
+        timeval tv{};
+        tv.tv_sec = m_iTimeoutMs / 1000;
+        tv.tv_usec = (m_iTimeoutMs % 1000) * 1000;
+        setsockopt(fd, SOL_SOCKET, SO_SNDTIMEO, &tv, sizeof tv);
         if (connect(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr) != 0) {
             SetError(std::strerror(errno));
             close(fd);
             return;
         }
-        // A stuck server must not hold a writer past the time-out.
-        timeval tv{};
-        tv.tv_sec = m_iTimeoutMs / 1000;
-        tv.tv_usec = (m_iTimeoutMs % 1000) * 1000;
-        setsockopt(fd, SOL_SOCKET, SO_SNDTIMEO, &tv, sizeof tv);
         {
             std::lock_guard<std::mutex> wlock(m_writeMutex);
             std::lock_guard<std::mutex> lock(m_mutex);

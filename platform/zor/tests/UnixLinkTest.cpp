@@ -94,3 +94,37 @@ TEST(UnixLink, ASilentControllerTimesOut)
     close(listener);
     unlink(path.c_str());
 }
+
+TEST(UnixLink, AControllerThatAcceptsNobodyDoesNotHangTheClient)
+{
+    std::string path = TestSocketPath("full");
+    int listener = socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un addr{};
+    addr.sun_family = AF_UNIX;
+    std::strncpy(addr.sun_path, path.c_str(), sizeof addr.sun_path - 1);
+    unlink(path.c_str());
+    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&addr), sizeof addr), 0);
+    ASSERT_EQ(listen(listener, 0), 0);
+    // Fill the backlog so that a further connect would wait.
+    std::vector<int> fillers;
+    for (int i = 0; i < 4; ++i) {
+        int fd = socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0);
+        connect(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr);
+        fillers.push_back(fd);
+    }
+    setenv("ZOR_TIMEOUT_MS", "200", 1);
+    auto start = std::chrono::steady_clock::now();
+    {
+        Zor::CZorClient client("zor.fp", "unix:" + path);
+        Zor::CRet ret = client.GetValue("zor.fp", "unitAlias.0");
+        EXPECT_FALSE(ret.Success());
+        EXPECT_EQ(ret.Msg().find("controller unix:" + path), 0u) << ret.Msg();
+    }
+    unsetenv("ZOR_TIMEOUT_MS");
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(2500));
+    for (int fd : fillers) {
+        close(fd);
+    }
+    close(listener);
+    unlink(path.c_str());
+}
