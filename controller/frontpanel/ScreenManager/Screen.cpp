@@ -188,3 +188,19 @@ bool CScreen::RunOnViewFromTimer(const std::function<void()>& work)
     m_pDrawLock->Unlock();
     return onView;
 }
+
+bool CScreen::RunOnViewFromEvent(const std::function<void()>& work)
+{
+    if (m_pDrawLock == nullptr) {
+        if (!m_bDrawEnabled)
+            return false;
+        work();  // not managed: nothing else draws beside it
+        return true;
+    }
+    CBusy busy(*this);
+    Qb::CMutexLocker lock(*m_pDrawLock);
+    if (!m_bDrawEnabled || !IsOnView())
+        return false;
+    work();
+    return true;
+}

@@ -61,6 +61,10 @@ public:
     // the draw lock, so Leave may remove the timer event (which waits for a running
     // call-back) while it holds that lock.
     bool RunOnViewFromTimer(const std::function<void()>& work);
+    // For change-event call-backs (the SDK's delivery thread): runs work under the draw lock
+    // if drawing is enabled and the screen is on view; returns whether it ran. It waits for
+    // the lock, as Refresh does: Leave never waits for a delivery in progress.
+    bool RunOnViewFromEvent(const std::function<void()>& work);
 
 protected:
     // Hands client and display to the style: done before every call into it.
