@@ -253,19 +253,25 @@ void CControllerTap::Run()
                 int to = side == 0 ? p.up : p.down;
                 char buf[4096];
                 ssize_t n = read(from, buf, sizeof buf);
-                if (n <= 0 || !SendAll(to, std::string(buf, static_cast<size_t>(n)))) {
+                if (n <= 0) {
                     closed = true;
                     break;
                 }
-                if (side != 0)
-                    continue;
-                p.line.append(buf, static_cast<size_t>(n));
-                size_t nl;
-                while ((nl = p.line.find('\n')) != std::string::npos) {
-                    nlohmann::json j = nlohmann::json::parse(p.line.substr(0, nl), nullptr, false);
-                    p.line.erase(0, nl + 1);
-                    std::lock_guard<std::mutex> lock(m_mutex);
-                    m_requests.push_back({NowMs(), j});
+                if (side == 0) {
+                    // Recorded before it is passed on, so a request is on record before
+                    // anything its answer causes.
+                    p.line.append(buf, static_cast<size_t>(n));
+                    size_t nl;
+                    while ((nl = p.line.find('\n')) != std::string::npos) {
+                        nlohmann::json j = nlohmann::json::parse(p.line.substr(0, nl), nullptr, false);
+                        p.line.erase(0, nl + 1);
+                        std::lock_guard<std::mutex> lock(m_mutex);
+                        m_requests.push_back({NowMs(), j});
+                    }
+                }
+                if (!SendAll(to, std::string(buf, static_cast<size_t>(n)))) {
+                    closed = true;
+                    break;
                 }
             }
             if (closed) {
