@@ -1,0 +1,201 @@
+// The event-driven screen bases on an embedded unit: lock modes, a navigation menu read
+// once, status values filed from events, and polling on the wake-up timer.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <thread>
+
+#include "Client/TavClient.h"
+#include "Lines/GenericDisplayLine.h"
+#include "Lines/GenericLine.h"
+#include "PanelTest.h"
+#include "ScreenManager/MenuStyle.h"
+#include "ScreenManager/TableScreen.h"
+#include "ScreenManager/TavNavMenuScreen.h"
+#include "ScreenManager/TavPollScreen.h"
+#include "TestScreens.h"
+
+namespace {
+
+bool WaitFor(const std::function<bool()>& done, int ms = 5000)
+{
+    auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
+    while (!done()) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return true;
+}
+
+const CLineSpec kSettings[] = {
+    Entry("Alias: ", "unitAlias", ".0", CharSet::Printable, 20),
+    List("Syslog: ", "syslogTransmissionState", ".0", {"Enabled", "Disabled"}),
+    Entry("NTP: ", "datetimeNtpServer", ".0", CharSet::HostName, 15).ReadOnly(),
+};
+
+class CNavMenu : public CTavNavMenuScreen {
+public:
+    CNavMenu() { m_pMenu->SetTitle("Nav"); }
+    void BuildMenu() override
+    {
+        ++m_iBuilds;
+        AddRequest("unitAlias.0");
+        m_pMenu->AppendLine(new CGenericDisplayLine(), "About", "About");
+    }
+    void OnValuesLoaded() override { m_strSteps += "values "; }
+    void OnMenuLoaded() override { m_strSteps += "menu "; }
+    void OnEnter() override { m_strSteps += "enter "; }
+
+    int m_iBuilds = 0;
+    std::string m_strSteps;
+};
+
+class CAliasStatus : public CTavStatusScreen {
+public:
+    CAliasStatus() { m_pMenu->SetTitle("Alias Status"); }
+    void BuildLines() override
+    {
+        AddRequest("unitAlias.0");
+        m_pMenu->AppendLine(new CGenericDisplayLine(), "Alias: ");
+    }
+    void UpdateLines(int mode) override
+    {
+        m_pMenu->GetLines().GetLine(0)->SetValue(CachedValue("unitAlias", GetEventInstance()).ToString("?"));
+        CTavStatusScreen::UpdateLines(mode);
+    }
+};
+
+class CTicker : public CTavPollScreen {
+public:
+    CTicker() { m_pMenu->SetTitle("Ticker"); }
+    void Enter() override
+    {
+        CTavPollScreen::Enter();
+        StartPolling(5);
+    }
+    void Leave() override { StopPolling(); }
+    void ProcessRequest() override
+    {
+        RunOnViewFromTimer([this]() {
+            ++m_iTicks;
+            m_pMenu->SetTitle("Tick");
+            m_pMenu->Redraw(1);
+        });
+    }
+
+    std::atomic<int> m_iTicks{0};
+};
+
+class EventScreensTest : public PanelTest::CPanelTest {
+protected:
+    void SetUp() override
+    {
+        Client();
+        Add(new PanelTest::CTableScreen("Elsewhere", "No Screen", {}), "Elsewhere");
+    }
+    void SetLockMode(int mode)
+    {
+        ASSERT_TRUE(Client()->SendData("frontpanelLockMode", ".0", std::to_string(mode)));
+    }
+};
+
+}  // namespace
+
+TEST_F(EventScreensTest, LockModesOnASettingsPage)
+{
+    CConfigTableScreen* pScreen = new CConfigTableScreen("Settings", "Elsewhere", kSettings);
+    Add(pScreen, "Settings");
+    CMenuStyle& style = *pScreen->GetMenu();
+
+    SetLockMode(2);
+    Show("Settings");
+    CGenericLine* pAlias = pScreen->Table().Find("unitAlias", ".0");
+    CGenericLine* pNtp = pScreen->Table().Find("datetimeNtpServer", ".0");
+    ASSERT_NE(pAlias, nullptr);
+    ASSERT_NE(pNtp, nullptr);
+    EXPECT_TRUE(pAlias->IsReadOnly());
+    EXPECT_FALSE(pAlias->IsEnabled());
+    EXPECT_TRUE(style.GetLockIndicator());
+    EXPECT_TRUE(pScreen->IsReadOnly());
+
+    // The same mode again changes no line.
+    pAlias->SetReadOnly(false);
+    pScreen->UpdateLockMode();
+    EXPECT_FALSE(pAlias->IsReadOnly());
+    pAlias->SetReadOnly(true);
+
+    // Disabled panel: the lines keep their states, only the indicators change.
+    Show("Elsewhere");
+    SetLockMode(3);
+    Show("Settings");
+    EXPECT_TRUE(pAlias->IsReadOnly());
+    EXPECT_FALSE(style.GetLockIndicator());
+    EXPECT_TRUE(style.GetDisabledIndicator());
+
+    // Unlocked: editable again, but a row declared read-only stays so.
+    Show("Elsewhere");
+    SetLockMode(1);
+    Show("Settings");
+    EXPECT_FALSE(pAlias->IsReadOnly());
+    EXPECT_TRUE(pAlias->IsEnabled());
+    EXPECT_TRUE(pNtp->IsReadOnly());
+    EXPECT_FALSE(style.GetLockIndicator());
+    EXPECT_FALSE(style.GetDisabledIndicator());
+    EXPECT_EQ(pScreen->GetLockMode(), 1);
+}
+
+TEST_F(EventScreensTest, NavigationMenuReadsItsValuesOnce)
+{
+    CNavMenu* pMenu = new CNavMenu();
+    Add(pMenu, "Nav");
+    Show("Nav");
+    EXPECT_EQ(pMenu->CachedValue("unitAlias", ".0").ToString(""), "Uplink IRD 3");
+    Show("Elsewhere");
+    ASSERT_TRUE(Client()->SendData("unitAlias", ".0", "Changed"));
+    Show("Nav");
+    EXPECT_EQ(pMenu->CachedValue("unitAlias", ".0").ToString(""), "Uplink IRD 3");
+    EXPECT_EQ(pMenu->m_iBuilds, 1);
+    EXPECT_EQ(pMenu->m_strSteps, "values menu enter enter ");
+}
+
+TEST_F(EventScreensTest, StatusPageFilesEventsWhileOnView)
+{
+    CAliasStatus* pStatus = new CAliasStatus();
+    pStatus->SetEventInstance(".0");
+    Add(pStatus, "Alias Status");
+    Show("Alias Status");
+    EXPECT_NE(Panel().find("Alias: Uplink IRD 3"), std::string::npos) << Panel();
+
+    ASSERT_TRUE(Client()->SendData("unitAlias", ".0", "Second"));
+    EXPECT_TRUE(WaitFor([&]() { return Panel().find("Alias: Second") != std::string::npos; })) << Panel();
+    EXPECT_EQ(pStatus->GetUpdateCount(), 1);
+
+    // Left: no subscription, nothing filed or drawn; entry reads afresh and counts anew.
+    Show("Elsewhere");
+    ASSERT_TRUE(Client()->SendData("unitAlias", ".0", "Third"));
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    EXPECT_EQ(pStatus->CachedValue("unitAlias", ".0").ToString(""), "Second");
+    EXPECT_EQ(Panel().find("Alias:"), std::string::npos) << Panel();
+    Show("Alias Status");
+    EXPECT_NE(Panel().find("Alias: Third"), std::string::npos) << Panel();
+    EXPECT_EQ(pStatus->GetUpdateCount(), 0);
+}
+
+TEST_F(EventScreensTest, PollingRunsOnlyWhileOnView)
+{
+    CTicker* pTicker = new CTicker();
+    Add(pTicker, "Ticker");
+    Show("Ticker");
+    ASSERT_TRUE(WaitFor([&]() { return pTicker->m_iTicks.load() >= 3; }));
+    EXPECT_NE(Panel().find("Tick"), std::string::npos);
+
+    Show("Elsewhere");
+    int ticks = pTicker->m_iTicks.load();
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_EQ(pTicker->m_iTicks.load(), ticks);
+    pTicker->Refresh(1);  // an event for a page off view draws nothing
+    EXPECT_EQ(Panel().find("Tick"), std::string::npos) << Panel();
+}
