@@ -1,0 +1,89 @@
+// Builds the tree of screens once, at start-up, and hands every screen to the screen
+// manager under its name. Which screens exist depends on what the unit reports: screens
+// for absent hardware are never built, so the user can never reach them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Qb/Types.h"
+#include "Qb/Uncopyable.h"
+
+class CScreen;
+class CTavClient;
+class CTavScreenManager;
+
+class CTavScreenCreator : private Qb::CUncopyable {
+public:
+    // What the unit has, read once before any screen is built. A failed read counts as
+    // absent (false, 0).
+    struct Capabilities_t {
+        bool decoder;
+        bool t2mi;
+        Qb::uint32 audioDigital;
+        Qb::uint32 audioAnalog;
+        Qb::uint32 audioDecode;
+        bool genlock;
+        bool hdOutput;
+        bool secondVideo;
+        bool scte35Processing;
+        Qb::uint32 inputLabels;
+        // Index 0: a first card of the type; 1: a second one.
+        bool mpegIpRcv[2];
+        bool dvbS2In[2];
+        bool vsbIn[2];
+        bool turboPskIn[2];
+        bool biss;
+        bool multiServiceDescrambling;
+        // Per CAM slot, in slot order (".1" top, ".2" bottom).
+        std::vector<bool> camSlotMultiService;
+        bool camSlot;
+        bool scte35Service;
+        bool esam;
+        bool cueTrigger;
+        bool mpegIpTxFec;
+        bool inbandControl;
+        bool mpegIpTx;
+        bool tsInputSrc;
+        bool tsOutputSrc;
+        bool cardFrame;
+    };
+
+    CTavScreenCreator();
+    virtual ~CTavScreenCreator();
+
+    // Probes the unit and adds every screen to the manager. Called once; the manager owns
+    // the screens from then on.
+    void CreateScreens(CTavScreenManager* pManager, CTavClient* pClient);
+
+    const Capabilities_t& GetCapabilities() const { return m_caps; }
+
+protected:
+    void ProbeCapabilities();
+
+    // One builder per group of the tree, in building order.
+    virtual void AddHome();
+    virtual void BuildMainMenu();
+    virtual void BuildInputScreens();
+    virtual void BuildConditionalAccess();
+    virtual void BuildT2Mi();
+    virtual void BuildAudioProcessing();
+    virtual void BuildDecoding();
+    virtual void BuildProcessing();
+    virtual void BuildBasebandOutputs();
+    virtual void BuildTransportStreamOutputs();
+    virtual void BuildAdmin();
+    virtual void AddActiveErrors();
+
+    void Add(CScreen* pScreen, const std::string& name);
+
+    CTavScreenManager* m_pManager;
+    CTavClient* m_pClient;
+    Capabilities_t m_caps;
+
+private:
+    bool Present(const std::string& subsystem);
+    Qb::uint32 Count(const std::string& subsystem);
+    bool IsTrue(const char* name, const char* instance);
+    Qb::uint32 Number(const char* name, const char* instance);
+};
