@@ -3,8 +3,6 @@
 // read off the panel while they are up.
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 #include "Client/TavClient.h"
 #include "Lines/GenericStringLine.h"
 #include "Menus/MenuChangePanelPassword.h"
@@ -220,23 +218,6 @@ TEST_F(PanelLockTest, ChangePasswordExitWritesNothing)
     EXPECT_EQ(Current(), kLock);
     EXPECT_EQ(Stored("frontpanelPassword"), "2468");
     EXPECT_TRUE(m_messages.shown.empty());
-}
-
-// The real screen: the message stays up for its whole pause.
-class PanelLockPauseTest : public PanelTest::CPanelTest {};
-
-TEST_F(PanelLockPauseTest, MessageStaysUpForItsPause)
-{
-    CTavScreenCreator creator;
-    creator.CreateScreens(&Manager(), Client("full.json"));
-    Show(kLock);
-    Press(KEY_ENTER);
-    Press(KEY_UP);
-    const auto start = std::chrono::steady_clock::now();
-    Press(KEY_ENTER);
-    const auto took = std::chrono::steady_clock::now() - start;
-    EXPECT_GE(std::chrono::duration_cast<std::chrono::milliseconds>(took).count(), 1500);
-    EXPECT_EQ(Client()->GetData("frontpanelLockMode", ".0"), "2");
 }
 
 }  // namespace

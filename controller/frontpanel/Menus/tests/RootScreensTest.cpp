@@ -176,15 +176,4 @@ TEST_F(RootScreensTest, ActiveErrorsListRaisedAlarms)
     EXPECT_EQ(Current(), "Home Main");
 }
 
-class ActiveErrorsNoneTest : public RootScreensTest {};
-
-TEST_F(ActiveErrorsNoneTest, NoRaisedAlarmShowsNoActiveErrors)
-{
-    RootScreens::CUnitVariant unit("minimal.json", {{"\".3\": 1, \".4\": 3}", "\".3\": 1, \".4\": 1}"}});
-    Build(unit.Name());
-    Show("Active Errors");
-    EXPECT_PANEL("active_errors_none");
-    EXPECT_TRUE(dynamic_cast<CMenuActiveErrors*>(Manager().GetCurrentScreen())->HasNoErrors());
-}
-
 }  // namespace

@@ -1,0 +1,129 @@
+// The home page, the active errors and the lock screen against a real unitd: values the
+// receiver's hardware changes arrive as change events, and the write journal shows what the
+// panel sent.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <thread>
+
+#include "Client/TavClient.h"
+#include "RootScreensTestKit.h"
+#include "ScreenManager/TavScreenCreator.h"
+#include "UnitdLink.h"
+#include "Zor/Zor.h"
+
+using RootScreens::Row;
+
+namespace {
+
+class RootScreensOnUnitdTest : public PanelTest::CPanelTest {
+protected:
+    void Build(const std::string& unit)
+    {
+        if (MenusTest::CUnitd::ProgramPath().empty())
+            GTEST_SKIP() << "unitd is not built";
+        std::string error;
+        ASSERT_TRUE(m_unitd.Start(unit, &error)) << error;
+        m_pZor.reset(new Zor::CZorClient("zor.fp", m_unitd.Target()));
+        m_pClient.reset(new CTavClient(m_pZor.get()));
+        m_pManager.reset(new CTavScreenManager(nullptr, &Rig().Display(), m_pClient.get()));
+        m_creator.CreateScreens(m_pManager.get(), m_pClient.get());
+        Show("Home");
+    }
+    void TearDown() override
+    {
+        m_pManager.reset();  // screens first: the home page is subscribed
+        m_pClient.reset();
+        m_pZor.reset();
+    }
+    void Show(const std::string& name) { m_pManager->ShowScreenLocked(name); }
+    void Press(int key)
+    {
+        KeyPress_t press = {key, KEY_STATE_DOWN};
+        m_pManager->RouteKey(press);
+    }
+    void Force(const std::string& name, const std::string& instance, const nlohmann::json& value)
+    {
+        ASSERT_TRUE(m_unitd.Set(name, instance, value).value("ok", false)) << name << instance;
+    }
+    // Waits until row r reads the text (events arrive on their own thread).
+    ::testing::AssertionResult RowReads(int r, const std::string& text)
+    {
+        auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+        std::string panel;
+        for (;;) {
+            panel = Panel();
+            if (Row(panel, r) == text)
+                return ::testing::AssertionSuccess();
+            if (std::chrono::steady_clock::now() > end)
+                return ::testing::AssertionFailure() << "row " << r << " is not \"" << text << "\" on\n"
+                                                     << panel;
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+    }
+    // What the panel wrote to one object.
+    std::vector<std::string> PanelWrites(const std::string& name)
+    {
+        std::vector<std::string> values;
+        for (const auto& write : m_unitd.WritesOf(name))
+            if (write.value("client", "") == "zor.fp")
+                values.push_back(write["value"].is_string() ? write["value"].get<std::string>()
+                                                            : write["value"].dump());
+        return values;
+    }
+
+    MenusTest::CUnitd m_unitd;
+    std::unique_ptr<Zor::CZorClient> m_pZor;
+    std::unique_ptr<CTavClient> m_pClient;
+    std::unique_ptr<CTavScreenManager> m_pManager;
+    CTavScreenCreator m_creator;
+};
+
+TEST_F(RootScreensOnUnitdTest, HomePageAndErrorsFollowTheUnit)
+{
+    Build("full.json");
+    Force("selectedserviceServiceName", ".1.1", "A Service Name Of Exactly Forty Letters.");
+    EXPECT_TRUE(RowReads(4, "Service: A Service Name Of Exa"));
+    Force("selectedserviceServiceName", ".1.1", "");
+    Force("selectedserviceServiceNum", ".1.1", 0);
+    EXPECT_TRUE(RowReads(4, ""));
+    Force("inputCurrentActiveInputId", ".1.1", 801);
+    EXPECT_TRUE(RowReads(2, "Input: Turbo PSK"));
+    EXPECT_TRUE(RowReads(1, "Bitrate: 46.532 Mbps"));
+
+    // Every alarm cleared: the list says so on the next entry.
+    for (const char* alarm : {".1", ".2", ".3", ".8"})
+        Force("alarmState", alarm, 1);
+    Show("Active Errors");
+    EXPECT_PANEL("active_errors_none");
+}
+
+TEST_F(RootScreensOnUnitdTest, LockScreenWritesOnlyWhatTheUserConfirms)
+{
+    Build("full.json");
+    Show("Lock/Unlock Front Panel");
+    // "None" writes nothing.
+    Press(KEY_ENTER);
+    Press(KEY_ENTER);
+    EXPECT_TRUE(PanelWrites("frontpanelLockMode").empty());
+
+    // "Lock Panel": one write, and the message stays up for its whole pause.
+    Press(KEY_ENTER);
+    Press(KEY_UP);
+    const auto start = std::chrono::steady_clock::now();
+    Press(KEY_ENTER);
+    const auto took = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(std::chrono::duration_cast<std::chrono::milliseconds>(took).count(), 1500);
+    EXPECT_EQ(PanelWrites("frontpanelLockMode"), std::vector<std::string>{"2"});
+
+    // A wrong password writes nothing.
+    Press(KEY_ENTER);
+    Press(KEY_UP);
+    Press(KEY_ENTER);
+    EXPECT_EQ(PanelWrites("frontpanelLockMode"), std::vector<std::string>{"2"});
+    EXPECT_TRUE(PanelWrites("frontpanelPassword").empty());
+    EXPECT_NE(Panel().find("Unlock Panel"), std::string::npos) << Panel();
+}
+
+}  // namespace
