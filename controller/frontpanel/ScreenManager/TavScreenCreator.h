@@ -58,8 +58,10 @@ public:
 
     const Capabilities_t& GetCapabilities() const { return m_caps; }
 
-protected:
+    // Fills the capabilities from the unit (the first step of CreateScreens).
     void ProbeCapabilities();
+
+protected:
 
     // One builder per group of the tree, in building order.
     virtual void AddHome();
