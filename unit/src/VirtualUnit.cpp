@@ -1,5 +1,7 @@
 #include "Unit/VirtualUnit.h"
 
+#include <pthread.h>
+
 #include <chrono>
 #include <cmath>
 #include <fstream>
@@ -591,6 +593,7 @@ void CVirtualUnit::ScheduleLocked(uint32_t delayMs, const Action& action)
 
 void CVirtualUnit::SchedulerLoop()
 {
+    pthread_setname_np(pthread_self(), "unit-timer");
     std::unique_lock<std::mutex> lock(m_mutex);
     while (!m_bStop) {
         if (m_timed.empty()) {

@@ -1,3 +1,5 @@
+#include <pthread.h>
+
 #include "Transport.h"
 
 namespace Zor {
@@ -132,6 +134,7 @@ std::vector<std::pair<std::string, std::string>> CEventDispatcher::Patterns() co
 
 void CEventDispatcher::Run()
 {
+    pthread_setname_np(pthread_self(), "zor-events");  // shows in top and the debugger
     while (true) {
         Event_t event;
         {

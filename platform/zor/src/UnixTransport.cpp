@@ -2,6 +2,7 @@
 // socket; when unitd goes away it connects again by itself and restores the subscriptions.
 #include <fcntl.h>
 #include <poll.h>
+#include <pthread.h>
 #include <sys/socket.h>
 #include <sys/time.h>
 #include <sys/un.h>
@@ -274,6 +275,7 @@ private:
 
     void ReadLoop()
     {
+        pthread_setname_np(pthread_self(), "zor-link");
         std::string buffer;
         while (true) {
             int fd;
