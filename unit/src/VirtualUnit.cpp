@@ -332,7 +332,8 @@ std::string CVirtualUnit::Description() const
 CParam CVirtualUnit::Get(const std::vector<std::string>& keys) const
 {
     // Gather per name first so that several keys of one name merge in oid order.
-    std::vector<std::pair<std::string, std::map<COid, CParam>>> found;
+    typedef std::map<COid, const CParam*> Hits;
+    std::vector<std::pair<std::string, Hits>> found;
     std::lock_guard<std::mutex> lock(m_mutex);
     for (const auto& key : keys) {
         std::string name, instance;
@@ -343,21 +344,14 @@ CParam CVirtualUnit::Get(const std::vector<std::string>& keys) const
         if (obj == m_objects.end()) {
             continue;
         }
-        std::map<COid, CParam> hits;
-        if (instance == "%") {
-            hits = obj->second.values;
-        } else {
-            COid oid;
-            if (!oid.Str2Oid(instance.c_str())) {
+        const auto& values = obj->second.values;
+        COid oid;
+        auto one = values.end();
+        if (instance != "%") {
+            if (!oid.Str2Oid(instance.c_str()) || (one = values.find(oid)) == values.end()) {
                 continue;
             }
-            auto v = obj->second.values.find(oid);
-            if (v == obj->second.values.end()) {
-                continue;
-            }
-            hits[oid] = v->second;
-        }
-        if (hits.empty()) {
+        } else if (values.empty()) {
             continue;
         }
         auto slot = found.begin();
@@ -365,9 +359,15 @@ CParam CVirtualUnit::Get(const std::vector<std::string>& keys) const
             ++slot;
         }
         if (slot == found.end()) {
-            found.emplace_back(name, hits);
+            found.emplace_back(name, Hits());
+            slot = found.end() - 1;
+        }
+        if (one != values.end()) {
+            slot->second[one->first] = &one->second;
         } else {
-            slot->second.insert(hits.begin(), hits.end());
+            for (const auto& v : values) {
+                slot->second[v.first] = &v.second;
+            }
         }
     }
     CParam result(Zor::PT_MAP);
@@ -375,7 +375,7 @@ CParam CVirtualUnit::Get(const std::vector<std::string>& keys) const
         CParam& instances = result[entry.first];
         instances.Clear(Zor::PT_MAP);
         for (const auto& v : entry.second) {
-            instances[v.first.OidStr()] = v.second;
+            instances[v.first.OidStr()] = *v.second;
         }
     }
     return result;

@@ -104,6 +104,34 @@ CParam& CParam::operator=(const CParam& other)
     return *this;
 }
 
+CParam::CParam(CParam&& other) noexcept
+    : m_eType(other.m_eType),
+      m_strValue(std::move(other.m_strValue)),
+      m_iValue(other.m_iValue),
+      m_dValue(other.m_dValue),
+      m_bValue(other.m_bValue),
+      m_list(std::move(other.m_list)),
+      m_map(std::move(other.m_map))
+{
+    other.Reset(PT_NULL);
+}
+
+CParam& CParam::operator=(CParam&& other) noexcept
+{
+    if (this != &other) {
+        // Take other out first: it may live inside this value (a list element or map entry).
+        CParam taken(std::move(other));
+        m_eType = taken.m_eType;
+        m_strValue.swap(taken.m_strValue);
+        m_iValue = taken.m_iValue;
+        m_dValue = taken.m_dValue;
+        m_bValue = taken.m_bValue;
+        m_list.swap(taken.m_list);
+        m_map.swap(taken.m_map);
+    }
+    return *this;
+}
+
 CParam::~CParam() = default;
 
 CParam CParam::String(const std::string& s)

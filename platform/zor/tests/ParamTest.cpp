@@ -100,9 +100,15 @@ TEST(Param, ListsAndMapsGrowAndIndexSafely)
     EXPECT_EQ(map.Length(), 2);  // const lookup adds nothing
     EXPECT_EQ(cmap["zeta"].ToInt32(0), 3);
 
-    // Self-assignment from an element of itself keeps the element.
+    // Assignment from an element of itself keeps the element, by copy and by move.
+    CParam nested = map;
     map = map["alpha"];
     EXPECT_EQ(map.ToString(""), "two");
+    nested = std::move(nested["zeta"]);
+    EXPECT_EQ(nested.ToInt32(0), 3);
+    CParam moved(std::move(nested));
+    EXPECT_TRUE(nested.IsNull());  // NOLINT: a moved-from value is null on purpose
+    EXPECT_EQ(moved.ToInt32(0), 3);
 
     map.Clear(Zor::PT_LIST);
     EXPECT_TRUE(map.IsList());

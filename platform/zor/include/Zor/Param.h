@@ -25,6 +25,9 @@ public:
     explicit CParam(ParamType_e type);  // empty value of that type
     CParam(const CParam& other);
     CParam& operator=(const CParam& other);
+    // Moves leave the source null; results are handed on without copying whole maps.
+    CParam(CParam&& other) noexcept;
+    CParam& operator=(CParam&& other) noexcept;
     ~CParam();
 
     static CParam String(const std::string& s);
