@@ -107,6 +107,15 @@ void CTavFrontpanel::Cleanup()
     // No newline after either text, on purpose: the two lines are printed exactly so.
     Qb::MyPrintf("Cleaning up front panel");
 
+    // Before anything is unregistered or deleted, no key event and no lock wake-up may
+    // still be on its way: the keypad's threads are joined (the keypad object stays until
+    // its own step) and the monitor's pending wake-up is removed (which waits for a running
+    // one).
+    if (m_pKeyPad != nullptr)
+        static_cast<COwnedKeyPad*>(m_pKeyPad)->StopThreads();
+    if (m_pKeyPressMonitor != nullptr)
+        m_pKeyPressMonitor->DisarmLockTimer();
+
     // These name fresh handler objects, and registrations are matched by identity: in
     // effect both registrations made in Initialize stay until the keypad is deleted. Kept
     // as it is on purpose.
@@ -118,14 +127,6 @@ void CTavFrontpanel::Cleanup()
         TEventHandler<CScreenManager> handler(m_pScreenManager);
         m_pKeyPad->Unregister(&handler);
     }
-
-    // Before anything is deleted, no key event and no lock wake-up may still be on its way
-    // into the manager: the keypad's threads are joined (the keypad object stays until its
-    // own step) and the monitor's pending wake-up is removed (which waits for a running one).
-    if (m_pKeyPad != nullptr)
-        static_cast<COwnedKeyPad*>(m_pKeyPad)->StopThreads();
-    if (m_pKeyPressMonitor != nullptr)
-        m_pKeyPressMonitor->DisarmLockTimer();
 
     // The screen creator goes first here, once it lands.
     delete m_pScreenManager;  // with all its screens

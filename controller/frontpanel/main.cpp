@@ -1,9 +1,9 @@
 // The front-panel daemon's entry point.
 #include <sched.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 
 #include "Qb/Daemon.h"
 #include "TavFrontpanel.h"
@@ -14,10 +14,13 @@ const char* const kPidPath = "/var/run/frontpanel.pid";
 }
 
 // Every signal installed here ends the process at once, with the signal number as its
-// status; no cleanup runs and the subscriptions are not removed.
+// status; no cleanup runs and the subscriptions are not removed. _exit rather than exit:
+// exit is not safe in a signal handler, it would run the static destructors while the
+// keypad, timer and SDK threads still use those objects. Nothing is lost by it: stdout is
+// line-buffered and every progress text is flushed when printed.
 void OnSignal(int sig)
 {
-    exit(sig);
+    _exit(sig);
 }
 
 int main(int argc, char** argv)

@@ -26,14 +26,20 @@ bool CEventSource::Register(CEventHandler* pHandler)
 
 bool CEventSource::Unregister(CEventHandler* pHandler)
 {
-    int kept = 0;
-    for (int i = 0; i < m_iCount; ++i) {
+    // An unknown handler leaves the array untouched: no write at all, so a lookup that
+    // finds nothing never races with a delivery reading the array.
+    int first = 0;
+    while (first < m_iCount && m_ppHandlers[first] != pHandler)
+        ++first;
+    if (first == m_iCount)
+        return false;
+    int kept = first;
+    for (int i = first + 1; i < m_iCount; ++i) {
         if (m_ppHandlers[i] != pHandler)
             m_ppHandlers[kept++] = m_ppHandlers[i];
     }
-    bool removed = kept != m_iCount;
     m_iCount = kept;
-    return removed;
+    return true;
 }
 
 bool CEventSource::Notify(int a, void* b, void* c)
