@@ -62,7 +62,7 @@ void CEntryLine::Commit()
 
 void CEntryLine::Draw(int row)
 {
-    m_iDrawnRow = row;
+    m_iDrawnRow = m_bEditing ? row : -1;
     m_cursor.SetRow(row);
     if (!m_bEditing) {
         DrawLayout(row, DisplayText(), false);

@@ -47,7 +47,7 @@ private:
 
     CFieldEditor m_editor;
     bool m_bRefused;
-    // The row the line was last drawn on, -1 before that. The edit cursor's own row is no
-    // guide: its wrap-around moves it.
+    // The row on which the line was last drawn as being edited, else -1: only there is a
+    // cursor to erase. The edit cursor's own row is no guide: its wrap-around moves it.
     int m_iDrawnRow;
 };

@@ -129,3 +129,31 @@ TEST_F(ClockLinePanelTest, BoundLinesWriteTheObjectsFormatOnlyWhenAccepted)
     EXPECT_EQ((std::vector<std::string>{"15"}), interval.WritesBefore("5"))
         << "the zero-padded text is taken as the number it reads";
 }
+
+TEST_F(ClockLinePanelTest, AddressEditingShowsGroupsAndTheRemoveStop)
+{
+    CDisplay& display = Rig().Display();
+    display.Clear();
+    CGenericIpLine ip;
+    ip.SetLabel("IP: ");
+    ip.SetValue("10.20.4.31");
+    ip.SetDisplay(&display);
+    ip.Draw(1);
+    Keys(ip, "ERRRU");
+    ip.Draw(2);
+
+    CEditRemoveIpLine filter;
+    filter.SetValue("232.1.1.7");
+    filter.SetDisplay(&display);
+    Keys(filter, "EL");
+    filter.Draw(3);
+
+    CLineNumber interval(4, 0, 0, 300);
+    interval.SetLabel("Switchover: ");
+    interval.SetSuffix(" Sec");
+    interval.SetValue("5");
+    interval.SetDisplay(&display);
+    interval.Draw(4);
+    display.RedrawWindow();
+    EXPECT_PANEL("lines_address_editing_and_remove_stop");
+}
