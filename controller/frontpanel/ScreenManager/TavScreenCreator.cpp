@@ -6,6 +6,8 @@
 #include "Menus/MenuFrontpanelLock.h"
 #include "Menus/MenuHome.h"
 #include "Menus/MenuMain.h"
+#include "Menus/MenuProfiles.h"
+#include "Menus/ProfileStatus.h"
 #include "Qb/Str.h"
 #include "ScreenManager/TavScreenManager.h"
 
@@ -160,6 +162,8 @@ void CTavScreenCreator::BuildAdmin()
 {
     Add(new CMenuFrontpanelLock(), "Lock/Unlock Front Panel");
     Add(new CMenuChangePanelPassword(), "Change Panel Password");
+    Add(new CMenuProfiles(), "Profile Config");
+    Add(new CProfileStatus(), "Profile Status");
 }
 
 void CTavScreenCreator::AddActiveErrors()
