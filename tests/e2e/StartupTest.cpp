@@ -54,6 +54,7 @@ TEST_F(StartupTest, NotReadySystemStatesHoldStartUpUntilReady)
     EXPECT_TRUE(WaitRunning(fp)) << fp.Describe();
     // The first thing the panel gets is the display's clear command.
     EXPECT_EQ(panel.WaitForReceived("\x09\x30\x7e", kWaitMs), 3u) << Hex(panel.Received());
+    EXPECT_EQ(panel.ScreenErrors(), 0) << Hex(panel.Received());
     size_t readsWhenReady = StateReads().size();
     usleep(300000);
     EXPECT_EQ(StateReads().size(), readsWhenReady) << "the state is read no more once ready";

@@ -11,6 +11,11 @@
 #include <cstdio>
 #include <cstring>
 
+#if __has_include(<panelsim/PanelModel.h>)
+#include <panelsim/PanelModel.h>
+#define E2E_HAVE_PANEL_DECODER 1
+#endif
+
 namespace e2e {
 
 const char* const kPanelSocket = "/var/run/ttyhub.ttyS4.socket";
@@ -120,6 +125,44 @@ size_t CPanelEnd::WaitForReceived(const std::string& bytes, int timeoutMs, size_
         return at != std::string::npos;
     });
     return at == std::string::npos ? at : at + bytes.size();
+}
+
+std::string CPanelEnd::Screen()
+{
+#ifdef E2E_HAVE_PANEL_DECODER
+    Panelsim::CPanelModel model;
+    model.Feed(Received());
+    return model.Dump();
+#else
+    return std::string();
+#endif
+}
+
+int CPanelEnd::ScreenErrors()
+{
+#ifdef E2E_HAVE_PANEL_DECODER
+    Panelsim::CPanelModel model;
+    model.Feed(Received());
+    return static_cast<int>(model.Errors());
+#else
+    return 0;
+#endif
+}
+
+bool CPanelEnd::WaitForScreen(const std::string& text, int timeoutMs, std::string* dump)
+{
+    auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
+    for (;;) {
+        std::string screen = Screen();
+        if (dump != nullptr)
+            *dump = screen;
+        if (!text.empty() && screen.find(text) != std::string::npos)
+            return true;
+        if (std::chrono::steady_clock::now() >= deadline)
+            return false;
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_changed.wait_for(lock, std::chrono::milliseconds(50));
+    }
 }
 
 bool CPanelEnd::SendBytes(const std::string& bytes)

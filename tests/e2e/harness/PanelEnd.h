@@ -36,6 +36,14 @@ public:
     // Waits until bytes holds at or after offset `from`; offset past the match or npos.
     size_t WaitForReceived(const std::string& bytes, int timeoutMs, size_t from = 0);
 
+    // The panel as the received commands draw it, in panelsim's dump format (one line per
+    // row between bars, '^' under highlighted cells), and the protocol errors found on the
+    // way; "" and 0 when the panel decoder is not built.
+    std::string Screen();
+    int ScreenErrors();
+    // Waits until some row of the decoded panel shows text; the last dump in *dump.
+    bool WaitForScreen(const std::string& text, int timeoutMs, std::string* dump = nullptr);
+
     // Sends to the current connection; false when there is none.
     bool SendBytes(const std::string& bytes);
     // One key report frame: 09 'K' key state 7E.
