@@ -61,11 +61,11 @@ public:
     }
 
     // Sends one request line and returns the next line that is not an event.
-    std::string Ask(const std::string& line)
+    std::string Ask(const std::string& line, int timeoutMs = 2000)
     {
         Send(line + "\n");
         while (true) {
-            std::string answer = ReadLine();
+            std::string answer = ReadLine(timeoutMs);
             if (answer.compare(0, 9, "{\"event\":") != 0) {
                 return answer;
             }
