@@ -9,6 +9,8 @@ using Zor::Json;
 
 namespace {
 
+const int kMaxDepth = 32;
+
 Json Fail(const std::string& msg)
 {
     return Json{{"ok", false}, {"msg", msg}};
@@ -79,9 +81,13 @@ std::string NormaliseInstance(const std::string& text)
 
 std::string CSession::Handle(const std::string& line)
 {
-    Json request = Json::parse(line, nullptr, false);
+    // Requests nest a few levels; a deeper line is refused unparsed (see JsonDepthWithin).
+    const bool shallow = Zor::JsonDepthWithin(line, kMaxDepth);
+    Json request = shallow ? Json::parse(line, nullptr, false) : Json();
     Json answer;
-    if (request.is_discarded()) {
+    if (!shallow) {
+        answer = Fail("malformed request: nested too deep");
+    } else if (request.is_discarded()) {
         answer = Fail("malformed request: not a JSON object");
     } else if (!request.is_object()) {
         answer = Fail("malformed request: not a JSON object");

@@ -175,6 +175,10 @@ std::shared_ptr<CVirtualUnit> CVirtualUnit::LoadFile(const std::string& path, st
 
 std::shared_ptr<CVirtualUnit> CVirtualUnit::FromText(const std::string& text, std::string& error)
 {
+    if (!Zor::JsonDepthWithin(text, 64)) {
+        error = "nested too deep";
+        return nullptr;
+    }
     Json doc = Json::parse(text, nullptr, false);
     if (doc.is_discarded()) {
         error = "not valid JSON";

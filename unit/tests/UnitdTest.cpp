@@ -65,8 +65,10 @@ TEST_F(Unitd, EveryBadRequestGetsAMessageAndTheServerKeepsServing)
     for (const auto& c2 : cases) {
         EXPECT_EQ(c.Ask(c2.first), c2.second) << c2.first;
     }
-    std::string deep = "{\"op\":\"ping\",\"id\":" + std::string(100000, '[') + std::string(100000, ']') + "}";
-    EXPECT_EQ(c.Ask(deep, 30000),
+    // A deep value first, then more keys: refused before any parse can recurse per level.
+    std::string deep = "{\"id\":" + std::string(100000, '[') + std::string(100000, ']') + ",\"op\":\"ping\"}";
+    EXPECT_EQ(c.Ask(deep, 30000), R"({"ok":false,"msg":"malformed request: nested too deep"})");
+    EXPECT_EQ(c.Ask(R"({"id":[[1]],"op":"ping","s":"[[[[[[[[[[[[[[[[[[[[[[[[[[[[[[[[[[[["})"),
               R"({"ok":false,"msg":"malformed request: \"id\" must be a number or a text"})");
     EXPECT_EQ(c.Ask(R"({"id":"x","op":"get","keys":["unitAlias.0","nope.0"]})"),
               R"({"id":"x","ok":true,"values":{"unitAlias":{".0":"IRD-01"}}})");

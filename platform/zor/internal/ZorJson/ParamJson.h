@@ -15,4 +15,8 @@ Json ParamToJson(const CParam& param);
 // JSON keeps its type: integers, doubles, booleans, texts, arrays (lists), objects (maps).
 CParam ParamFromJson(const Json& json);
 
+// True when arrays and objects in text nest at most maxDepth deep. Checked before parsing
+// text from outside: copying a deeply nested ordered value recurses once per level.
+bool JsonDepthWithin(const std::string& text, int maxDepth);
+
 }  // namespace Zor
