@@ -110,11 +110,14 @@ void CLineTable::Fill(const Zor::CParam& values, bool all)
     }
 }
 
-void CLineTable::KeepReadOnly()
+void CLineTable::ApplyLockMode(bool readOnly)
 {
-    for (const Made_t& made : m_made)
-        if (made.pSpec->readOnly)
-            made.pLine->SetReadOnly(true);
+    for (const Made_t& made : m_made) {
+        if (!made.pLine->IsSelectable())
+            continue;
+        made.pLine->SetEnabled(!readOnly);
+        made.pLine->SetReadOnly(readOnly || made.pSpec->readOnly);
+    }
 }
 
 CGenericLine* CLineTable::Find(const std::string& object, const std::string& instance) const
@@ -154,8 +157,8 @@ void CConfigTableScreen::AfterLoad()
 
 void CConfigTableScreen::ApplyLockMode(bool readOnly)
 {
-    CTavConfigScreen::ApplyLockMode(readOnly);
-    m_table.KeepReadOnly();
+    // The table reaches the lines a screen has hidden, which the base's walk does not.
+    m_table.ApplyLockMode(readOnly);
 }
 
 void CConfigTableScreen::OnManagedEvent(const std::string& name, const Zor::COid& instance,

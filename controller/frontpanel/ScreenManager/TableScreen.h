@@ -32,8 +32,8 @@ public:
     bool Make(CMenuStyle& style, const Zor::CParam& values);
     // Sets the text rows from the cached values; with `all`, also seeds the editable lines.
     void Fill(const Zor::CParam& values, bool all);
-    // Marks the rows declared read-only again (the lock mode walks every line).
-    void KeepReadOnly();
+    // The panel lock on every line made, hidden ones too; rows declared read-only stay so.
+    void ApplyLockMode(bool readOnly);
     // The line made for a row's object and instance; null if none.
     CGenericLine* Find(const std::string& object, const std::string& instance) const;
     int Count() const { return static_cast<int>(m_made.size()); }

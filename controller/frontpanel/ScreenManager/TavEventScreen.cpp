@@ -58,6 +58,8 @@ bool CTavEventScreen::UpdateLockMode()
 
 void CTavEventScreen::ApplyLockMode(bool readOnly)
 {
+    // The shown lines: a screen that hides lines re-applies the mode when it shows them,
+    // or replaces this walk (the table screens walk every line they made).
     CLineContainer& lines = m_pMenu->GetLines();
     for (int i = 0; i < lines.GetCount(); ++i) {
         CGenericLine* pLine = lines.GetLine(i);
