@@ -19,10 +19,13 @@ namespace {
 
 class RootScreensOnUnitdTest : public PanelTest::CPanelTest {
 protected:
-    void Build(const std::string& unit)
+    void SetUp() override
     {
         if (MenusTest::CUnitd::ProgramPath().empty())
             GTEST_SKIP() << "unitd is not built";
+    }
+    void Build(const std::string& unit)
+    {
         std::string error;
         ASSERT_TRUE(m_unitd.Start(unit, &error)) << error;
         m_pZor.reset(new Zor::CZorClient("zor.fp", m_unitd.Target()));
@@ -82,7 +85,7 @@ protected:
 
 TEST_F(RootScreensOnUnitdTest, HomePageAndErrorsFollowTheUnit)
 {
-    Build("full.json");
+    ASSERT_NO_FATAL_FAILURE(Build("full.json"));
     Force("selectedserviceServiceName", ".1.1", "A Service Name Of Exactly Forty Letters.");
     EXPECT_TRUE(RowReads(4, "Service: A Service Name Of Exa"));
     Force("selectedserviceServiceName", ".1.1", "");
@@ -101,7 +104,7 @@ TEST_F(RootScreensOnUnitdTest, HomePageAndErrorsFollowTheUnit)
 
 TEST_F(RootScreensOnUnitdTest, LockScreenWritesOnlyWhatTheUserConfirms)
 {
-    Build("full.json");
+    ASSERT_NO_FATAL_FAILURE(Build("full.json"));
     Show("Lock/Unlock Front Panel");
     // "None" writes nothing.
     Press(KEY_ENTER);
