@@ -21,7 +21,7 @@ CImageUpdateEvent::CImageUpdateEvent(CScreenManager* pManager)
 
 CImageUpdateEvent::~CImageUpdateEvent()
 {
-    Stop();
+    Stop();  // takes no lock: the manager may be gone already
     delete m_pScreen;
 }
 

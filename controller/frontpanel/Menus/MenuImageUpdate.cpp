@@ -119,6 +119,7 @@ std::string CMenuImageUpdate::ProgressText(const std::string& stage, Qb::int32 p
 
 void CMenuImageUpdate::Run()
 {
+    ShowRow(std::string(), 2, true);  // a clear panel without key hints
     // Settle: the unit may still report the last update's finish for a moment. The count
     // is compared for equality on purpose: a stage still 3 at the fourth read keeps this
     // loop polling for ever. Do not turn it into an at-least test.

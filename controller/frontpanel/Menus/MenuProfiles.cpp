@@ -9,12 +9,20 @@ CMenuProfiles::CMenuProfiles() : CTavScreenMaster("Admin"), m_select(this), m_ac
 
 void CMenuProfiles::OnEnter()
 {
-    // The list minion is current whenever the screen was left by its own EXIT, so only a
-    // screen taken over (or left for the lock screen) comes back to the actions.
-    if (GetMinion() == &m_actions)
-        GiveControl(&m_actions);
-    else
+    // The list minion was dropped when the screen was left by its own EXIT; any other
+    // leave (a takeover, the lock screen) comes back to the same minion and selection.
+    if (GetMinion() == &m_actions) {
+        m_actions.Draw(2);
+    } else if (GetMinion() == &m_select) {
+        const Qb::int32 selected = m_select.Style().GetCursor().GetIndex();
+        GiveControl(&m_select);  // read afresh
+        if (selected < m_select.Style().GetLines().GetCount()) {
+            m_select.Style().GetCursor().SetIndex(selected);
+            m_select.Draw(2);
+        }
+    } else {
         GiveControl(&m_select);
+    }
 }
 
 std::string CMenuProfiles::OnResult(int result)

@@ -26,7 +26,11 @@ CProfileApplyEvent::CProfileApplyEvent(CScreenManager* pManager)
 
 CProfileApplyEvent::~CProfileApplyEvent()
 {
-    Stop();
+    // The manager may be gone already: end the poll without its lock.
+    m_bStopped = true;
+    while (m_iBusy.load() != 0)
+        usleep(1000);
+    m_pScreen->Stop();
     delete m_pScreen;
 }
 
@@ -44,15 +48,16 @@ void CProfileApplyEvent::Setup(CDisplay* pDisplay, CTavKeyPad* pKeyPad, CTavClie
 
 void CProfileApplyEvent::Stop()
 {
-    m_bStopped = true;
+    if (m_bStopped.exchange(true))
+        return;
     while (m_iBusy.load() != 0)
         usleep(1000);
     if (m_pScreen->ManagerLock() != nullptr) {
         Qb::CMutexLocker lock(*m_pScreen->ManagerLock());
         m_pScreen->Stop();
-    } else {
-        m_pScreen->Stop();
     }
+    m_pScreen->Stop();
+    m_pScreen->SetManager(nullptr);
 }
 
 bool CProfileApplyEvent::ParseState(const std::string& text, Qb::int32* pState)
