@@ -7,6 +7,8 @@
 #include "Display/DisplayHw.h"
 #include "KeyPad/KeyPressMonitor.h"
 #include "KeyPad/TavKeyPad.h"
+#include "Menus/ImageUpdateEvent.h"
+#include "Menus/ProfileApplyEvent.h"
 #include "Qb/Print.h"
 #include "Qb/Thread.h"
 #include "ScreenManager/TavScreenManager.h"
@@ -73,13 +75,18 @@ void CTavFrontpanel::Initialize(Qb::CDaemon& daemon)
 
     Qb::MyPrintf("Create CTavScreenManager...\n");
     m_pScreenManager = new CTavScreenManager(m_pKeyPad, m_pDisplay, &client);
-    // The image-update and profile-apply sinks with their subscriptions to "updateStart"
-    // and "profileApplyProfileState" (".%") come here when they land.
+
+    m_pImageUpdateEvent = new CImageUpdateEvent(m_pScreenManager);
+    m_pImageUpdateEvent->Setup(m_pDisplay, m_pKeyPad, &client);
+    zor.AddManagedEventHandler("updateStart", m_pImageUpdateEvent, ".%");
+    m_pProfileApplyEvent = new CProfileApplyEvent(m_pScreenManager);
+    m_pProfileApplyEvent->Setup(m_pDisplay, m_pKeyPad, &client, &client.GetWakeUpTimer());
+    zor.AddManagedEventHandler("profileApplyProfileState", m_pProfileApplyEvent, ".%");
 
     Qb::MyPrintf("initScreens...\n");
-    // Screen creator, given the screen manager.
+    // The screen creator is made here and builds the tree after the next text, once the
+    // daemon's link puts the screens (fp_menus) after the creator (fp_screenmanager).
     Qb::MyPrintf("initScreens.Start...\n");
-    // The creator builds the screen tree here.
 
     Qb::MyPrintf("SetupKeyPad\n");
     // The manager sees every key event before the monitor does. Both handlers stay
@@ -97,7 +104,8 @@ void CTavFrontpanel::Initialize(Qb::CDaemon& daemon)
 
     // Both removals name the image-update sink on purpose, so the profile-apply
     // subscription stays with the controller client until it is destroyed below.
-    // (Added with the sinks.)
+    zor.RemoveManagedEventHandler("updateStart", m_pImageUpdateEvent, ".%");
+    zor.RemoveManagedEventHandler("profileApplyProfileState", m_pImageUpdateEvent, ".%");
 
     Cleanup();
 }
@@ -128,10 +136,20 @@ void CTavFrontpanel::Cleanup()
         m_pKeyPad->Unregister(&handler);
     }
 
-    // The screen creator goes first here, once it lands.
+    // The sinks stop taking events and wait for a running one before the manager whose
+    // screens they show goes; the profile-apply sink is still subscribed.
+    if (m_pImageUpdateEvent != nullptr)
+        m_pImageUpdateEvent->Stop();
+    if (m_pProfileApplyEvent != nullptr)
+        m_pProfileApplyEvent->Stop();
+
+    // The screen creator is deleted first here, once start-up makes it.
     delete m_pScreenManager;  // with all its screens
     m_pScreenManager = nullptr;
-    // The image-update sink, then the profile-apply sink, go here once they land.
+    delete m_pImageUpdateEvent;
+    m_pImageUpdateEvent = nullptr;
+    delete m_pProfileApplyEvent;
+    m_pProfileApplyEvent = nullptr;
     delete m_pDisplay;
     m_pDisplay = nullptr;
     delete m_pKeyPressMonitor;
