@@ -11,6 +11,7 @@
 #include "Menus/ProfileApplyEvent.h"
 #include "Qb/Print.h"
 #include "Qb/Thread.h"
+#include "ScreenManager/TavScreenCreator.h"
 #include "ScreenManager/TavScreenManager.h"
 #include "Zor/Zor.h"
 
@@ -84,9 +85,11 @@ void CTavFrontpanel::Initialize(Qb::CDaemon& daemon)
     zor.AddManagedEventHandler("profileApplyProfileState", m_pProfileApplyEvent, ".%");
 
     Qb::MyPrintf("initScreens...\n");
-    // The screen creator is made here and builds the tree after the next text, once the
-    // daemon's link puts the screens (fp_menus) after the creator (fp_screenmanager).
+    m_pScreenCreator = new CTavScreenCreator();
     Qb::MyPrintf("initScreens.Start...\n");
+    m_pScreenCreator->CreateScreens(m_pScreenManager, &client);
+    // The tree exists now: the panel opens on the home page.
+    m_pScreenManager->ShowScreenLocked("Home");
 
     Qb::MyPrintf("SetupKeyPad\n");
     // The manager sees every key event before the monitor does. Both handlers stay
@@ -143,7 +146,8 @@ void CTavFrontpanel::Cleanup()
     if (m_pProfileApplyEvent != nullptr)
         m_pProfileApplyEvent->Stop();
 
-    // The screen creator is deleted first here, once start-up makes it.
+    delete m_pScreenCreator;  // owns nothing: the screens are the manager's
+    m_pScreenCreator = nullptr;
     delete m_pScreenManager;  // with all its screens
     m_pScreenManager = nullptr;
     delete m_pImageUpdateEvent;
