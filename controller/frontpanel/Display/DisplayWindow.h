@@ -33,6 +33,6 @@ private:
     Qb::int32 m_iColumn;
     Qb::int32 m_iColumns;
     Qb::int32 m_iRows;
-    Qb::int32 m_iReserved;
-    char m_cReserved;
+    [[maybe_unused]] Qb::int32 m_iReserved;  // kept zero, as the window layout has it
+    [[maybe_unused]] char m_cReserved;
 };

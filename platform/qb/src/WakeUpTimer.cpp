@@ -19,7 +19,6 @@ CWakeUpTimer::CWakeUpTimer(int priority)
     : m_uNextId(INVALID_ID),
       m_uRunningId(INVALID_ID),
       m_bStop(false),
-      m_iPriority(priority),
       m_thread("wakeuptimer", priority, [this] { Run(); })
 {
     m_thread.Start();

@@ -60,7 +60,6 @@ private:
     unsigned m_uRunningId;  // event whose call-back is running, INVALID_ID if none
     std::thread::id m_timerThread;
     bool m_bStop;
-    int m_iPriority;
     CThread m_thread;  // last: starts once the state above exists
 };
 
