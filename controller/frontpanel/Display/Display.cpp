@@ -90,6 +90,16 @@ void CDisplay::UpdateLine(int32 row)
     m_strLineBuffer.assign(line, strnlen(line, limit));
     DrawLine(m_strLineBuffer, row);
     DrawPendingHighlights(false, row);
+    // The panel no longer shows the last image sent whole (this row, and its highlights,
+    // changed on it): the next RedrawWindow must send the window even if it equals that
+    // image, or the panel would keep an edit row after the edit ended.
+    ForgetLastScreen();
+}
+
+void CDisplay::ForgetLastScreen()
+{
+    Qb::CMutexLocker lock(m_mutex);
+    m_strLastScreen.clear();
 }
 
 void CDisplay::Clear()

@@ -76,6 +76,11 @@ protected:
     bool m_bLeftIndicator8;
     bool m_bLeftIndicator16;
 
+protected:
+    // The panel no longer shows the last window image sent (a row was sent on its own, or
+    // the panel was cleared): the next RedrawWindow sends the window whatever it holds.
+    void ForgetLastScreen();
+
 private:
     void DrawPendingHighlights(bool allRows, Qb::int32 row);
 

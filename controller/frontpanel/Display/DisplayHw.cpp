@@ -43,6 +43,8 @@ void CDisplayHw::ClearScreen()
 {
     Qb::CMutexLocker lock(m_mutex);
     Send(std::string{kFrameStart, '0', kFrameEnd});
+    // The panel is blank now: the next window image must be sent even if it is the last one.
+    ForgetLastScreen();
 }
 
 void CDisplayHw::DrawScreen(const std::string& text)

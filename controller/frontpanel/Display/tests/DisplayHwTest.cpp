@@ -118,6 +118,31 @@ TEST_F(DisplayHwTest, AnUnchangedWindowIsSentOnceButHighlightsEveryTime)
     EXPECT_FALSE(m_link.Take().empty());
 }
 
+// The comparison is with what the panel shows: a row sent on its own (an edit) or a cleared
+// panel makes the next redraw send the window even when it equals the last image.
+TEST_F(DisplayHwTest, AWindowIsSentAgainAfterARowUpdateOrAClear)
+{
+    m_pDisplay->Clear();
+    m_pDisplay->WriteAt("Value", 3, 1);
+    m_pDisplay->RedrawWindow();
+    m_link.Take();
+
+    m_pDisplay->QueueHighlightChar('V', 3, 1);
+    m_pDisplay->UpdateLine(3);
+    m_link.Take();
+    m_pDisplay->RedrawWindow();
+    const std::string afterEdit = m_link.Take();
+    EXPECT_EQ(5u, static_cast<size_t>(std::count(afterEdit.begin(), afterEdit.end(), 'T')));
+
+    m_pDisplay->ClearScreen();
+    m_link.Take();
+    m_pDisplay->RedrawWindow();
+    const std::string afterClear = m_link.Take();
+    EXPECT_EQ(5u, static_cast<size_t>(std::count(afterClear.begin(), afterClear.end(), 'T')));
+    m_pDisplay->RedrawWindow();
+    EXPECT_EQ("", m_link.Take());
+}
+
 TEST_F(DisplayHwTest, UpdateLineSendsOneRowAndOnlyItsHighlights)
 {
     m_pDisplay->Clear();
