@@ -29,6 +29,8 @@ const char kUsage[] =
     "  watch [KEY...]           print changes until interrupted (everything by default)\n"
     "  writes [--since N]       the journal of client writes, refused ones too\n"
     "  subsystems [TYPE...]     fitted subsystems and their instances (all by default)\n"
+    "  behave NAME [NUMBER]     read or change a behaviour setting of the unit, e.g.\n"
+    "                           updateCompletionCode 2 (the next update fails)\n"
     "Options:\n"
     "  --socket PATH            unitd's socket (default: $UNITD_SOCKET)\n"
     "  --json                   print JSON, one object per line, for scripts\n"
@@ -323,6 +325,32 @@ int Subsystems(CLink& link, const Options_t& o)
     return 0;
 }
 
+int Behave(CLink& link, const Options_t& o)
+{
+    if (o.args.empty() || o.args.size() > 2) {
+        return UsageError("behave needs NAME and optionally a NUMBER");
+    }
+    Json req = {{"op", "behaviour"}, {"name", o.args[0]}};
+    if (o.args.size() == 2) {
+        Json value = Json::parse(o.args[1], nullptr, false);
+        if (!value.is_number()) {
+            return UsageError("behave: \"" + o.args[1] + "\" is not a number");
+        }
+        req["value"] = value;
+    }
+    Json answer;
+    std::string error;
+    if (!link.Ask(req, answer, error)) {
+        return Fail(error);
+    }
+    if (!answer.value("ok", false)) {
+        return Fail(answer.value("msg", std::string("refused")));
+    }
+    const Json& value = answer["value"];
+    std::printf("%s = %s\n", o.args[0].c_str(), value.is_null() ? "(unset)" : Show(value).c_str());
+    return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -334,7 +362,8 @@ int main(int argc, char** argv)
     }
     typedef int (*Command)(CLink&, const Options_t&);
     const std::pair<const char*, Command> commands[] = {
-        {"get", Get}, {"set", Set}, {"watch", Watch}, {"writes", Writes}, {"subsystems", Subsystems}};
+        {"get", Get},      {"set", Set}, {"watch", Watch}, {"writes", Writes}, {"subsystems", Subsystems},
+        {"behave", Behave}};
     Command run = nullptr;
     for (const auto& c : commands) {
         if (o.command == c.first) {

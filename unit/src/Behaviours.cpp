@@ -68,6 +68,26 @@ int CVirtualUnit::BehaviourInt(const char* key, int def) const
     return it->get<int>();
 }
 
+bool CVirtualUnit::SetBehaviour(const std::string& name, const Zor::Json& value, std::string& error)
+{
+    if (name.empty() || !value.is_number()) {
+        error = "a behaviour setting needs a name and a numeric value";
+        return false;
+    }
+    std::lock_guard<std::mutex> lock(m_mutex);
+    if (!m_behaviours.is_object())
+        m_behaviours = Zor::Json::object();
+    m_behaviours[name] = value;
+    return true;
+}
+
+Zor::Json CVirtualUnit::GetBehaviour(const std::string& name)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    auto it = m_behaviours.is_object() ? m_behaviours.find(name) : m_behaviours.end();
+    return it == m_behaviours.end() ? Zor::Json() : *it;
+}
+
 void CVirtualUnit::StartBehaviours()
 {
     std::lock_guard<std::mutex> lock(m_mutex);

@@ -222,6 +222,21 @@ Json CSession::Dispatch(const Json& request)
     if (op == "ping") {
         return Ok();
     }
+    if (op == "behaviour") {
+        // Reads a behaviour setting, or changes it when a value is given.
+        std::string name;
+        if (!Text(request, "name", name) || name.empty()) {
+            return Fail("behaviour needs \"name\"");
+        }
+        auto value = request.find("value");
+        std::string error;
+        if (value != request.end() && !m_pUnit->SetBehaviour(name, *value, error)) {
+            return Fail(name + ": " + error);
+        }
+        Json answer = Ok();
+        answer["value"] = m_pUnit->GetBehaviour(name);
+        return answer;
+    }
     return Fail("unknown op \"" + op + "\"");
 }
 

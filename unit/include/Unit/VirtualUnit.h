@@ -100,6 +100,14 @@ public:
     // Once this returns the listener is not running and will not run again.
     void RemoveListener(int id);
 
+    // Changes one numeric behaviour setting at run time (for example "updateCompletionCode"
+    // 2 or "profileApplyResult" 1, so that the next update or profile apply fails). Takes
+    // effect from the next operation that reads it; false with a message for a value that is
+    // not a number.
+    bool SetBehaviour(const std::string& name, const Zor::Json& value, std::string& error);
+    // The current setting, null when unset.
+    Zor::Json GetBehaviour(const std::string& name);
+
 private:
     typedef std::function<void()> Action;  // runs with m_mutex held
     // What a write sets going besides itself; carried out only when the write applies.
