@@ -1,4 +1,5 @@
 // What the unit does, beyond storing values, where the screens depend on it.
+#include <climits>
 #include <ctime>
 
 #include "Unit/VirtualUnit.h"
@@ -65,7 +66,13 @@ int CVirtualUnit::BehaviourInt(const char* key, int def) const
     if (it == m_behaviours.end() || !it->is_number()) {
         return def;
     }
-    return it->get<int>();
+    // Out of range (or not whole) counts as unset: a cast would be undefined.
+    const double value = it->get<double>();
+    if (!(value >= INT_MIN && value <= INT_MAX) ||
+        value != static_cast<double>(static_cast<long long>(value))) {
+        return def;
+    }
+    return static_cast<int>(value);
 }
 
 bool CVirtualUnit::SetBehaviour(const std::string& name, const Zor::Json& value, std::string& error)

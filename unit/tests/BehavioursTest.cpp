@@ -202,3 +202,25 @@ TEST(Behaviours, ClockTicksInTheConfiguredFormat)
     }
     EXPECT_FALSE(log.Log().empty());
 }
+
+// Settings changed at run time steer the next operation; a value no int can hold is unset.
+TEST(Behaviours, SettingsChangedAtRunTimeSteerTheNextOperation)
+{
+    auto unit = Small();
+    std::string error;
+    EXPECT_FALSE(unit->SetBehaviour("updateCompletionCode", Zor::Json("2"), error));
+    ASSERT_TRUE(unit->SetBehaviour("updateStepMs", Zor::Json(5), error)) << error;
+    ASSERT_TRUE(unit->SetBehaviour("updateCompletionCode", Zor::Json(1e300), error)) << error;
+    {
+        CChangeLog log(unit);
+        ASSERT_TRUE(Write(*unit, "updateStart", ".0", "1").Success());
+        ASSERT_TRUE(log.WaitFor("updateStart.0=0"));
+        EXPECT_EQ(unit->GetOne("updateCompletionCode", COid(".0")).Val().ToInt32(0), 1);
+    }
+    ASSERT_TRUE(unit->SetBehaviour("updateCompletionCode", Zor::Json(2), error));
+    EXPECT_EQ(unit->GetBehaviour("updateCompletionCode"), Zor::Json(2));
+    CChangeLog log(unit);
+    ASSERT_TRUE(Write(*unit, "updateStart", ".0", "1").Success());
+    ASSERT_TRUE(log.WaitFor("updateStart.0=0"));
+    EXPECT_EQ(unit->GetOne("updateCompletionCode", COid(".0")).Val().ToInt32(0), 2);
+}
