@@ -16,7 +16,7 @@ import time
 
 PANEL_SOCKET = "/var/run/ttyhub.ttyS4.socket"
 KEYS = {"LEFT": 1, "UP": 2, "RIGHT": 3, "DOWN": 4, "EXIT": 5, "ENTER": 6}
-KEY_DOWN, KEY_UP = 1, 0
+KEY_DOWN, KEY_UP = 1, 2
 SANITIZER_MARKS = ("ERROR: AddressSanitizer", "ERROR: LeakSanitizer", "WARNING: ThreadSanitizer",
                    "runtime error", "ERROR: UndefinedBehaviorSanitizer")
 HANG_MS = 5000
