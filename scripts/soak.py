@@ -7,6 +7,7 @@ import argparse
 import json
 import os
 import random
+import signal
 import socket
 import subprocess
 import sys
@@ -227,6 +228,9 @@ def main():
     ap.add_argument("--unitd-build", default=None)
     ap.add_argument("--warmup", type=int, default=None)
     ap.add_argument("--keep", default=None, help="folder for the logs (default: a temporary one)")
+    # Checks the checker: stops the daemon (SIGSTOP) at this second for good, so a hang
+    # must be reported.
+    ap.add_argument("--freeze-at", type=int, default=None)
     a = ap.parse_args()
 
     if os.environ.get("FPNS") != "1":
@@ -292,6 +296,7 @@ def main():
     ctl.start()
     next_restart = now() + rng.uniform(20, 40)
     next_drop = now() + rng.uniform(15, 35)
+    frozen = False
     try:
         while now() < end and not failures:
             t = now()
@@ -302,6 +307,10 @@ def main():
             if report:
                 failures.append("sanitizer report in frontpanel's stderr:\n" + report)
                 break
+            if a.freeze_at is not None and not frozen and t - start >= a.freeze_at:
+                os.kill(fp.pid, signal.SIGSTOP)
+                frozen = True
+                next_restart = next_drop = end + 1
             rss = rss_kb(fp.pid)
             if rss is not None:
                 if t - start >= warmup:
@@ -365,6 +374,8 @@ def main():
         ctl.join(5)
         alive = fp.poll() is None
         if alive:
+            if frozen:
+                os.kill(fp.pid, signal.SIGCONT)
             fp.terminate()
             try:
                 fp.wait(20)
