@@ -3,7 +3,7 @@
 # combinations on the panel, random status changes, alarms and lock modes from a second
 # client, unitd restarts and panel drops. Bounded and seeded; see tests/soak/README.md.
 #
-#   scripts/soak.sh [--seconds N] [--seed S] [--build DIR] [--keep LOGDIR]
+#   scripts/soak.sh [--seconds N] [--seed S] [--build DIR] [--keep LOGDIR] [--warmup SECONDS]
 #
 # DIR defaults to build-asan. A TSan build (FP_SANITIZE=thread) is run under
 # `setarch -R` with halt_on_error=1 automatically.
@@ -16,7 +16,8 @@ while [[ $# -gt 0 ]]; do
     --seed) seed=$2; shift 2 ;;
     --build) build=$(cd "$2" && pwd); shift 2 ;;
     --keep) extra+=(--keep "$2"); shift 2 ;;
-    *) echo "usage: $(basename "$0") [--seconds N] [--seed S] [--build DIR] [--keep LOGDIR]" >&2; exit 2 ;;
+    --warmup) extra+=(--warmup "$2"); shift 2 ;;
+    *) echo "usage: $(basename "$0") [--seconds N] [--seed S] [--build DIR] [--keep LOGDIR] [--warmup SECONDS]" >&2; exit 2 ;;
   esac
 done
 [[ -x "$build/controller/frontpanel/frontpanel" ]] || { echo "soak: no frontpanel in $build" >&2; exit 2; }
