@@ -52,6 +52,20 @@ int Fail(const std::string& msg)
     return 1;
 }
 
+// Sends one request and takes its answer; non-zero (after saying why) when the unit could
+// not be reached or refused the request.
+int Request(CLink& link, const Json& request, Json& answer)
+{
+    std::string error;
+    if (!link.Ask(request, answer, error)) {
+        return Fail(error);
+    }
+    if (!answer.value("ok", false)) {
+        return Fail(answer.value("msg", std::string("refused")));
+    }
+    return 0;
+}
+
 int UsageError(const std::string& msg)
 {
     std::fprintf(stderr, "zorctl: %s\n%s", msg.c_str(), kUsage);
@@ -159,12 +173,8 @@ int Get(CLink& link, const Options_t& o)
         keys.push_back(name + inst);
     }
     Json answer;
-    std::string error;
-    if (!link.Ask(Json{{"op", "get"}, {"keys", keys}}, answer, error)) {
-        return Fail(error);
-    }
-    if (!answer.value("ok", false)) {
-        return Fail(answer.value("msg", std::string("refused")));
+    if (int status = Request(link, Json{{"op", "get"}, {"keys", keys}}, answer)) {
+        return status;
     }
     const Json& values = answer["values"];
     if (o.json) {
@@ -267,12 +277,8 @@ int Watch(CLink& link, const Options_t& o)
 int Writes(CLink& link, const Options_t& o)
 {
     Json answer;
-    std::string error;
-    if (!link.Ask(Json{{"op", "writes"}, {"since", o.since}}, answer, error)) {
-        return Fail(error);
-    }
-    if (!answer.value("ok", false)) {
-        return Fail(answer.value("msg", std::string("refused")));
+    if (int status = Request(link, Json{{"op", "writes"}, {"since", o.since}}, answer)) {
+        return status;
     }
     if (o.json) {
         answer.erase("id");
@@ -300,12 +306,8 @@ int Subsystems(CLink& link, const Options_t& o)
         req["types"] = o.args;
     }
     Json answer;
-    std::string error;
-    if (!link.Ask(req, answer, error)) {
-        return Fail(error);
-    }
-    if (!answer.value("ok", false)) {
-        return Fail(answer.value("msg", std::string("refused")));
+    if (int status = Request(link, req, answer)) {
+        return status;
     }
     const Json& present = answer["present"];
     if (o.json) {
@@ -339,12 +341,8 @@ int Behave(CLink& link, const Options_t& o)
         req["value"] = value;
     }
     Json answer;
-    std::string error;
-    if (!link.Ask(req, answer, error)) {
-        return Fail(error);
-    }
-    if (!answer.value("ok", false)) {
-        return Fail(answer.value("msg", std::string("refused")));
+    if (int status = Request(link, req, answer)) {
+        return status;
     }
     const Json& value = answer["value"];
     std::printf("%s = %s\n", o.args[0].c_str(), value.is_null() ? "(unset)" : Show(value).c_str());
