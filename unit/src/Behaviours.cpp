@@ -115,7 +115,6 @@ void CVirtualUnit::StartBehaviours()
         (tick == m_behaviours.end() || !tick->is_boolean() || tick->get<bool>())) {
         TickClockLocked();
     }
-    m_scheduler = std::thread(&CVirtualUnit::SchedulerLoop, this);
 }
 
 void CVirtualUnit::TickClockLocked()

@@ -592,6 +592,11 @@ void CVirtualUnit::RemoveListener(int id)
 void CVirtualUnit::ScheduleLocked(uint32_t delayMs, const Action& action)
 {
     m_timed.emplace(NowMs() + delayMs, action);
+    // The thread starts with the first timed action: most units in tests and fuzzing never
+    // schedule one, and a thread per unit is most of what building one costs.
+    if (!m_scheduler.joinable()) {
+        m_scheduler = std::thread(&CVirtualUnit::SchedulerLoop, this);
+    }
     m_cvTimed.notify_all();
 }
 
