@@ -9,6 +9,8 @@
 #   FUZZ_RUNS=N        stop a target after N executions (the long run: 10000000)
 #   FUZZ_BUILD_DIR=DIR build folder (default build-fuzz)
 #   FUZZ_JOBS=N        build parallelism (default 2)
+#   FUZZ_MAX_LEN=N     largest input the fuzzer makes (default 4096 bytes; regression inputs
+#                      are first replayed whole, whatever their size)
 # Exits non-zero on any crash, leak, sanitizer report, broken invariant or time-out, and
 # prints the execution count of every target. Findings and logs stay in
 # $FUZZ_BUILD_DIR/fuzz-runs/<target>/.
@@ -28,6 +30,7 @@ if [[ "$seconds" -eq 0 && -z "$runs" ]]; then
 fi
 build=${FUZZ_BUILD_DIR:-$root/build-fuzz}
 jobs=${FUZZ_JOBS:-2}
+max_len=${FUZZ_MAX_LEN:-4096}
 
 targets=("$@")
 if [[ ${#targets[@]} -eq 0 ]]; then
@@ -77,13 +80,24 @@ for t in "${targets[@]}"; do
   rm -rf "$work"
   mkdir -p "$work/corpus"
   cp "$root/fuzz/corpus/$t"/* "$work/corpus/"
+  # Regression inputs replay whole first; as seeds they are cut to the size limit, which
+  # keeps one huge finding from making every later input that large (and the run that slow).
+  replays=()
   if [[ -d "$root/fuzz/regressions/$t" ]]; then
     for f in "$root/fuzz/regressions/$t"/*; do
       [[ -f "$f" ]] || continue
-      is_open "$t/$(basename "$f")" || cp "$f" "$work/corpus/regression-$(basename "$f")"
+      is_open "$t/$(basename "$f")" && continue
+      replays+=("$f")
+      cp "$f" "$work/corpus/regression-$(basename "$f")"
     done
   fi
-  args=(-timeout=10 -print_final_stats=1 -artifact_prefix="$work/")
+  if [[ ${#replays[@]} -gt 0 ]] && ! "$build/fuzz/fuzz_$t" "${replays[@]}" >"$work/replay.log" 2>&1; then
+    status=1
+    summary+=("$(printf '%-16s %12s executions  FAILED (a regression input; see replay.log)' "$t" 0)")
+    echo "-- $t: a regression input fails again; log: $work/replay.log"
+    continue
+  fi
+  args=(-timeout=10 -max_len="$max_len" -print_final_stats=1 -artifact_prefix="$work/")
   [[ "$seconds" -gt 0 ]] && args+=(-max_total_time="$seconds")
   [[ -n "$runs" ]] && args+=(-runs="$runs")
   echo "== $t: ${seconds}s${runs:+, at most $runs runs}"
