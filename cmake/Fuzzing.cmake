@@ -5,6 +5,7 @@
 option(FP_FUZZ "Build the libFuzzer targets (clang; ASan+UBSan)" OFF)
 
 set(FP_FUZZ_COMPILE_FLAGS -O1 -g -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined
+                          -fsanitize-coverage-ignorelist=${CMAKE_SOURCE_DIR}/fuzz/coverage-ignore.txt
                           -fno-omit-frame-pointer)
 set(FP_FUZZ_LINK_FLAGS -fsanitize=fuzzer,address,undefined)
 

@@ -9,6 +9,8 @@
 #   FUZZ_RUNS=N        stop a target after N executions (the long run: 10000000)
 #   FUZZ_BUILD_DIR=DIR build folder (default build-fuzz)
 #   FUZZ_JOBS=N        build parallelism (default 2)
+#   FUZZ_FORKS=N       fuzz each target in N worker processes sharing one corpus (libFuzzer's
+#                      fork mode; FUZZ_RUNS then counts the executions of all of them)
 #   FUZZ_MAX_LEN=N     largest input the fuzzer makes (default 4096 bytes; regression inputs
 #                      are first replayed whole, whatever their size)
 # Exits non-zero on any crash, leak, sanitizer report, broken invariant or time-out, and
@@ -31,6 +33,11 @@ fi
 build=${FUZZ_BUILD_DIR:-$root/build-fuzz}
 jobs=${FUZZ_JOBS:-2}
 max_len=${FUZZ_MAX_LEN:-4096}
+forks=${FUZZ_FORKS:-1}
+if ! [[ "$forks" =~ ^[1-9][0-9]*$ ]]; then
+  echo "fuzz.sh: FUZZ_FORKS must be a positive whole number, not '$forks'" >&2
+  exit 2
+fi
 
 targets=("$@")
 if [[ ${#targets[@]} -eq 0 ]]; then
@@ -100,12 +107,18 @@ for t in "${targets[@]}"; do
   args=(-timeout=10 -max_len="$max_len" -print_final_stats=1 -artifact_prefix="$work/")
   [[ "$seconds" -gt 0 ]] && args+=(-max_total_time="$seconds")
   [[ -n "$runs" ]] && args+=(-runs="$runs")
-  echo "== $t: ${seconds}s${runs:+, at most $runs runs}"
+  [[ "$forks" -gt 1 ]] && args+=(-fork="$forks")
+  echo "== $t: ${seconds}s${runs:+, at most $runs runs}$([[ $forks -gt 1 ]] && echo ", $forks workers")"
   set +e
   "$build/fuzz/fuzz_$t" "${args[@]}" "$work/corpus" >"$work/log" 2>&1
   rc=$?
   set -e
-  execs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$work/log" | tail -n 1)
+  if [[ "$forks" -gt 1 ]]; then
+    # The fork-mode parent reports the running total of all workers as "#N: cov: ...".
+    execs=$(sed -n 's/^#\([0-9][0-9]*\): cov:.*/\1/p' "$work/log" | tail -n 1)
+  else
+    execs=$(sed -n 's/^stat::number_of_executed_units: *//p' "$work/log" | tail -n 1)
+  fi
   execs=${execs:-?}
   if [[ $rc -ne 0 ]] || grep -qE 'ERROR: (AddressSanitizer|LeakSanitizer|libFuzzer)|runtime error:' "$work/log"; then
     status=1
