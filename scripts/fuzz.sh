@@ -11,8 +11,9 @@
 #   FUZZ_JOBS=N        build parallelism (default 2)
 #   FUZZ_FORKS=N       fuzz each target in N worker processes sharing one corpus (libFuzzer's
 #                      fork mode; FUZZ_RUNS then counts the executions of all of them)
-#   FUZZ_MAX_LEN=N     largest input the fuzzer makes (default 4096 bytes; regression inputs
-#                      are first replayed whole, whatever their size)
+#   FUZZ_MAX_LEN=N     largest input the fuzzer makes (default: 1024 bytes for the keypad
+#                      stream and unitd requests, 4096 for the others; regression inputs are
+#                      first replayed whole, whatever their size)
 # Exits non-zero on any crash, leak, sanitizer report, broken invariant or time-out, and
 # prints the execution count of every target. Findings and logs stay in
 # $FUZZ_BUILD_DIR/fuzz-runs/<target>/.
@@ -32,7 +33,15 @@ if [[ "$seconds" -eq 0 && -z "$runs" ]]; then
 fi
 build=${FUZZ_BUILD_DIR:-$root/build-fuzz}
 jobs=${FUZZ_JOBS:-2}
-max_len=${FUZZ_MAX_LEN:-4096}
+# A kilobyte of panel bytes is a hundred key reports or four overlong frames, and of unitd
+# requests a few dozen lines; longer inputs add little but cost the two slowest targets
+# several times the run time.
+max_len_of() {
+  case "$1" in
+    keypad_stream | unitd_request) echo 1024 ;;
+    *) echo 4096 ;;
+  esac
+}
 forks=${FUZZ_FORKS:-1}
 if ! [[ "$forks" =~ ^[1-9][0-9]*$ ]]; then
   echo "fuzz.sh: FUZZ_FORKS must be a positive whole number, not '$forks'" >&2
@@ -104,7 +113,7 @@ for t in "${targets[@]}"; do
     echo "-- $t: a regression input fails again; log: $work/replay.log"
     continue
   fi
-  args=(-timeout=10 -max_len="$max_len" -print_final_stats=1 -artifact_prefix="$work/")
+  args=(-timeout=10 -max_len="${FUZZ_MAX_LEN:-$(max_len_of "$t")}" -print_final_stats=1 -artifact_prefix="$work/")
   [[ "$seconds" -gt 0 ]] && args+=(-max_total_time="$seconds")
   [[ -n "$runs" ]] && args+=(-runs="$runs")
   [[ "$forks" -gt 1 ]] && args+=(-fork="$forks")
