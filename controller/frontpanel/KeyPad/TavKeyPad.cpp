@@ -293,6 +293,12 @@ KeyStateTable_t CTavKeyPad::KeyStates()
     return m_keyStates;
 }
 
+void CTavKeyPad::KeyStates(KeyStateTable_t& into)
+{
+    Qb::CMutexLocker lock(*m_pMutex);
+    into = m_keyStates;
+}
+
 Qb::int32 CTavKeyPad::CurrentKey()
 {
     Qb::CMutexLocker lock(*m_pMutex);

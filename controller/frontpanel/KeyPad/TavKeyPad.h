@@ -81,6 +81,9 @@ protected:
 
     // Copies of the state, taken under the state mutex.
     KeyStateTable_t KeyStates();
+    // The same into an existing table, whose nodes the assignment reuses: the fuzzer checks
+    // the table after every chunk, and allocating a copy each time was most of its run time.
+    void KeyStates(KeyStateTable_t& into);
     Qb::int32 CurrentKey();
     bool IsHolding();
     Qb::int32 QueuedEvents() { return m_pQueue->Size(); }
