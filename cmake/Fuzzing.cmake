@@ -4,8 +4,9 @@
 # switch nothing here touches the build.
 option(FP_FUZZ "Build the libFuzzer targets (clang; ASan+UBSan)" OFF)
 
+set(FP_FUZZ_IGNORELIST ${CMAKE_SOURCE_DIR}/fuzz/coverage-ignore.txt)
 set(FP_FUZZ_COMPILE_FLAGS -O1 -g -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined
-                          -fsanitize-coverage-ignorelist=${CMAKE_SOURCE_DIR}/fuzz/coverage-ignore.txt
+                          -fsanitize-coverage-ignorelist=${FP_FUZZ_IGNORELIST}
                           -fno-omit-frame-pointer)
 set(FP_FUZZ_LINK_FLAGS -fsanitize=fuzzer,address,undefined)
 
@@ -36,6 +37,9 @@ function(fp_fuzz_copy target)
     endif()
   endforeach()
   add_library(fuzz_${target} STATIC ${absolute})
+  # The compiler reads the list; a change to it recompiles (source properties are per
+  # folder, so the ordinary builds of the same files are left alone).
+  set_source_files_properties(${absolute} PROPERTIES OBJECT_DEPENDS ${FP_FUZZ_IGNORELIST})
   target_compile_options(fuzz_${target} PRIVATE ${FP_FUZZ_COMPILE_FLAGS})
   foreach(property INCLUDE_DIRECTORIES COMPILE_DEFINITIONS)
     get_target_property(values ${target} ${property})
@@ -66,6 +70,8 @@ function(fp_add_fuzzer)
     return()
   endif()
   add_executable(${F_NAME} ${CMAKE_CURRENT_SOURCE_DIR}/FuzzMain.cpp ${F_SOURCES})
+  set_source_files_properties(${CMAKE_CURRENT_SOURCE_DIR}/FuzzMain.cpp ${F_SOURCES}
+    PROPERTIES OBJECT_DEPENDS ${FP_FUZZ_IGNORELIST})
   target_compile_definitions(${F_NAME} PRIVATE FP_FUZZ_ENTRY=${F_ENTRY})
   target_compile_options(${F_NAME} PRIVATE ${FP_FUZZ_COMPILE_FLAGS})
   target_link_options(${F_NAME} PRIVATE ${FP_FUZZ_LINK_FLAGS})
