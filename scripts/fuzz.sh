@@ -12,8 +12,8 @@
 #   FUZZ_FORKS=N       fuzz each target in N worker processes sharing one corpus (libFuzzer's
 #                      fork mode; FUZZ_RUNS then counts the executions of all of them)
 #   FUZZ_MAX_LEN=N     largest input the fuzzer makes (default: 1024 bytes for the keypad
-#                      stream and unitd requests, 4096 for the others; regression inputs are
-#                      first replayed whole, whatever their size)
+#                      stream, 512 for unitd requests, 4096 for the others; regression inputs
+#                      are first replayed whole, whatever their size)
 # Exits non-zero on any crash, leak, sanitizer report, broken invariant or time-out, and
 # prints the execution count of every target. Findings and logs stay in
 # $FUZZ_BUILD_DIR/fuzz-runs/<target>/.
@@ -33,12 +33,14 @@ if [[ "$seconds" -eq 0 && -z "$runs" ]]; then
 fi
 build=${FUZZ_BUILD_DIR:-$root/build-fuzz}
 jobs=${FUZZ_JOBS:-2}
-# A kilobyte of panel bytes is a hundred key reports or four overlong frames, and of unitd
-# requests a few dozen lines; longer inputs add little but cost the two slowest targets
-# several times the run time.
+# A kilobyte of panel bytes is a hundred key reports or four overlong frames, and half of
+# one holds five to ten unitd requests, enough for any sequence (write, read back, watch,
+# write again); longer inputs add little but cost the two slowest targets several times the
+# run time.
 max_len_of() {
   case "$1" in
-    keypad_stream | unitd_request) echo 1024 ;;
+    keypad_stream) echo 1024 ;;
+    unitd_request) echo 512 ;;
     *) echo 4096 ;;
   esac
 }
