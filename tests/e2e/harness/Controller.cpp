@@ -2,46 +2,19 @@
 
 #include <poll.h>
 #include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 
 #include "Paths.h"
+#include "UnixSocket.h"
 
 namespace e2e {
 
 namespace {
-
-int ConnectUnix(const std::string& path)
-{
-    struct sockaddr_un addr = {};
-    addr.sun_family = AF_UNIX;
-    if (path.size() >= sizeof addr.sun_path)
-        return -1;
-    std::strcpy(addr.sun_path, path.c_str());
-    int fd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    if (fd >= 0 && connect(fd, reinterpret_cast<struct sockaddr*>(&addr), sizeof addr) != 0) {
-        close(fd);
-        fd = -1;
-    }
-    return fd;
-}
-
-bool SendAll(int fd, const std::string& text)
-{
-    size_t done = 0;
-    while (done < text.size()) {
-        ssize_t n = send(fd, text.data() + done, text.size() - done, MSG_NOSIGNAL);
-        if (n < 0 && errno == EINTR)
-            continue;
-        if (n <= 0)
-            return false;
-        done += static_cast<size_t>(n);
-    }
-    return true;
-}
 
 nlohmann::json Failure(const std::string& msg)
 {
@@ -109,17 +82,47 @@ nlohmann::json CControllerLink::Request(nlohmann::json request, int timeoutMs)
 
 // --- CUnitServer
 
+namespace {
+
+std::string UnitFilePath(const std::string& unitFile)
+{
+    return unitFile.find('/') == std::string::npos ? std::string(kUnitsDir) + "/" + unitFile : unitFile;
+}
+
+}  // namespace
+
 CUnitServer::CUnitServer(const std::string& unitFile, const std::string& socketPath)
-    : m_strUnit(unitFile), m_strSocket(socketPath)
+    : m_strUnit(UnitFilePath(unitFile)), m_strSocket(socketPath)
 {
 }
 
-CUnitServer::~CUnitServer() = default;
+CUnitServer::CUnitServer(const std::string& unitFile) : m_strUnit(UnitFilePath(unitFile))
+{
+    char dir[] = "/tmp/fp-unitd.XXXXXX";
+    if (mkdtemp(dir) != nullptr) {
+        m_strOwnDir = dir;
+        m_strSocket = m_strOwnDir + "/unitd.sock";
+    }
+    // Without a folder the socket path stays empty and Start says so.
+}
+
+CUnitServer::~CUnitServer()
+{
+    m_pProcess.reset();  // unitd first: it holds the socket
+    if (!m_strOwnDir.empty()) {
+        std::error_code ec;
+        std::filesystem::remove_all(m_strOwnDir, ec);
+    }
+}
 
 bool CUnitServer::Start(std::string* error)
 {
     if (std::string(kUnitdPath).empty()) {
         *error = "unitd is not built";
+        return false;
+    }
+    if (m_strSocket.empty()) {
+        *error = std::string("no folder for unitd's socket: ") + std::strerror(errno);
         return false;
     }
     m_pProcess.reset(new CChildProcess({kUnitdPath, "--unit", m_strUnit, "--socket", m_strSocket}));
@@ -170,6 +173,22 @@ nlohmann::json CUnitServer::Writes(int since)
     return m_link.Request({{"op", "writes"}, {"since", since}});
 }
 
+nlohmann::json CUnitServer::WritesOf(const std::string& name, int since)
+{
+    nlohmann::json answer = Writes(since);
+    nlohmann::json found = nlohmann::json::array();
+    if (answer.contains("writes"))
+        for (const auto& write : answer["writes"])
+            if (write.value("name", "") == name)
+                found.push_back(write);
+    return found;
+}
+
+int CUnitServer::NextWrite()
+{
+    return Writes(0).value("next", 0);
+}
+
 // --- CControllerTap
 
 struct CControllerTap::Pair {
@@ -202,19 +221,9 @@ CControllerTap::~CControllerTap()
 
 bool CControllerTap::Start(std::string* error)
 {
-    struct sockaddr_un addr = {};
-    addr.sun_family = AF_UNIX;
-    if (m_strPath.size() >= sizeof addr.sun_path) {
-        *error = "socket path too long: " + m_strPath;
+    m_iListenFd = ListenUnix(m_strPath, 8, "controller tap", error);
+    if (m_iListenFd < 0)
         return false;
-    }
-    std::strcpy(addr.sun_path, m_strPath.c_str());
-    m_iListenFd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    if (m_iListenFd < 0 || bind(m_iListenFd, reinterpret_cast<struct sockaddr*>(&addr), sizeof addr) != 0 ||
-        listen(m_iListenFd, 8) != 0) {
-        *error = "controller tap on " + m_strPath + ": " + std::strerror(errno);
-        return false;
-    }
     m_thread = std::thread(&CControllerTap::Run, this);
     return true;
 }

@@ -37,15 +37,22 @@ private:
     std::string m_pending;
 };
 
-// unitd serving one unit file on a socket in a folder of the test.
+// unitd serving one unit file. A bare file name is one of unit/units, anything else a path.
 class CUnitServer {
 public:
+    // On the given socket path.
     CUnitServer(const std::string& unitFile, const std::string& socketPath);
+    // On a socket in a folder of its own under /tmp, removed with the server.
+    explicit CUnitServer(const std::string& unitFile);
     ~CUnitServer();
+    CUnitServer(const CUnitServer&) = delete;
+    CUnitServer& operator=(const CUnitServer&) = delete;
 
     // Starts unitd and waits until its socket answers.
     bool Start(std::string* error);
     const std::string& SocketPath() const { return m_strSocket; }
+    // The controller SDK's target for this unitd.
+    std::string Target() const { return "unix:" + m_strSocket; }
     CChildProcess& Process() { return *m_pProcess; }
 
     // A forced write plays the receiver's hardware (also read-only objects).
@@ -55,9 +62,14 @@ public:
     nlohmann::json Get(const std::string& key);
     // The write journal since sequence number `since`.
     nlohmann::json Writes(int since = 0);
+    // The journal entries since `since` that name the object.
+    nlohmann::json WritesOf(const std::string& name, int since = 0);
+    // The journal's next sequence number.
+    int NextWrite();
 
 private:
     std::string m_strUnit;
+    std::string m_strOwnDir;  // made by the server, removed with it; empty when given a socket
     std::string m_strSocket;
     std::unique_ptr<CChildProcess> m_pProcess;
     CControllerLink m_link;

@@ -76,9 +76,7 @@ void CE2eTest::TearDown()
 
 CUnitServer& CE2eTest::StartUnit(const std::string& unitFile)
 {
-    std::string path =
-        unitFile.find('/') == std::string::npos ? std::string(kUnitsDir) + "/" + unitFile : unitFile;
-    m_pUnit.reset(new CUnitServer(path, m_strTempDir + "/unitd.sock"));
+    m_pUnit.reset(new CUnitServer(unitFile, m_strTempDir + "/unitd.sock"));
     std::string error;
     EXPECT_TRUE(m_pUnit->Start(&error)) << error;
     m_pTap.reset(new CControllerTap(m_strTempDir + "/tap.sock", m_pUnit->SocketPath()));

@@ -3,18 +3,18 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
-#include <cstring>
 
 #if __has_include(<panelsim/PanelModel.h>)
 #include <panelsim/PanelModel.h>
 #define E2E_HAVE_PANEL_DECODER 1
 #endif
+
+#include "UnixSocket.h"
 
 namespace e2e {
 
@@ -40,20 +40,9 @@ CPanelEnd::~CPanelEnd()
 
 bool CPanelEnd::Start(std::string* error)
 {
-    struct sockaddr_un addr = {};
-    addr.sun_family = AF_UNIX;
-    if (m_strPath.size() >= sizeof addr.sun_path) {
-        *error = "socket path too long: " + m_strPath;
+    m_iListenFd = ListenUnix(m_strPath, 4, "panel end", error);
+    if (m_iListenFd < 0)
         return false;
-    }
-    std::strcpy(addr.sun_path, m_strPath.c_str());
-    m_iListenFd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    unlink(m_strPath.c_str());
-    if (m_iListenFd < 0 || bind(m_iListenFd, reinterpret_cast<struct sockaddr*>(&addr), sizeof addr) != 0 ||
-        listen(m_iListenFd, 4) != 0) {
-        *error = "panel end on " + m_strPath + ": " + std::strerror(errno);
-        return false;
-    }
     m_thread = std::thread(&CPanelEnd::Run, this);
     return true;
 }
@@ -168,18 +157,7 @@ bool CPanelEnd::WaitForScreen(const std::string& text, int timeoutMs, std::strin
 bool CPanelEnd::SendBytes(const std::string& bytes)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_iConnFd < 0)
-        return false;
-    size_t done = 0;
-    while (done < bytes.size()) {
-        ssize_t n = send(m_iConnFd, bytes.data() + done, bytes.size() - done, MSG_NOSIGNAL);
-        if (n < 0 && errno == EINTR)
-            continue;
-        if (n <= 0)
-            return false;
-        done += static_cast<size_t>(n);
-    }
-    return true;
+    return m_iConnFd >= 0 && SendAll(m_iConnFd, bytes);
 }
 
 bool CPanelEnd::SendKey(int key, int state)

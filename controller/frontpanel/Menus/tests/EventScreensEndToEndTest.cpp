@@ -9,13 +9,14 @@
 #include <thread>
 
 #include "Client/TavClient.h"
+#include "Controller.h"
 #include "Lines/GenericLine.h"
 #include "Menus/MenuUnitTemperature.h"
 #include "Menus/MenuVoltageLevelStatus.h"
 #include "PanelTest.h"
+#include "Paths.h"
 #include "ScreenManager/TableScreen.h"
 #include "TestScreens.h"
-#include "UnitdLink.h"
 #include "Zor/Zor.h"
 
 namespace {
@@ -41,11 +42,12 @@ class EventScreensEndToEndTest : public PanelTest::CPanelTest {
 protected:
     void SetUp() override
     {
-        if (MenusTest::CUnitd::ProgramPath().empty())
+        if (std::string(e2e::kUnitdPath).empty())
             GTEST_SKIP() << "unitd is not built";
         std::string error;
-        ASSERT_TRUE(m_unitd.Start("full.json", &error)) << error;
-        m_pZor.reset(new Zor::CZorClient("zor.fp", m_unitd.Target()));
+        m_pUnitd.reset(new e2e::CUnitServer("full.json"));
+        ASSERT_TRUE(m_pUnitd->Start(&error)) << error;
+        m_pZor.reset(new Zor::CZorClient("zor.fp", m_pUnitd->Target()));
         m_pClient.reset(new CTavClient(m_pZor.get()));
         m_pManager.reset(new CTavScreenManager(nullptr, &Rig().Display(), m_pClient.get()));
         m_pManager->AddScreen(new PanelTest::CTableScreen("Elsewhere", "No Screen", {}), "Elsewhere");
@@ -86,10 +88,10 @@ protected:
     }
     void SetLockMode(int mode)
     {
-        ASSERT_TRUE(m_unitd.Set("frontpanelLockMode", ".0", mode, false).value("ok", false));
+        ASSERT_TRUE(m_pUnitd->Set("frontpanelLockMode", ".0", mode, false).value("ok", false));
     }
 
-    MenusTest::CUnitd m_unitd;
+    std::unique_ptr<e2e::CUnitServer> m_pUnitd;
     std::unique_ptr<Zor::CZorClient> m_pZor;
     std::unique_ptr<CTavClient> m_pClient;
     std::unique_ptr<CTavScreenManager> m_pManager;
@@ -125,20 +127,20 @@ TEST_F(EventScreensEndToEndTest, LockModesOnASettingsPage)
     Press(KEY_ENTER);
     EXPECT_PANEL("settings_disabled_editing");
     Press(KEY_EXIT);
-    EXPECT_TRUE(m_unitd.WritesOf("unitAlias").empty());
+    EXPECT_TRUE(m_pUnitd->WritesOf("unitAlias").empty());
 }
 
 TEST_F(EventScreensEndToEndTest, SettingsPageSubscribesOnlyWhileOnView)
 {
     Show("Unit Settings");
     ASSERT_TRUE(PanelShows("Alias: Uplink IRD 3"));
-    ASSERT_TRUE(m_unitd.Set("unitAlias", ".0", "Seen", false).value("ok", false));
+    ASSERT_TRUE(m_pUnitd->Set("unitAlias", ".0", "Seen", false).value("ok", false));
     EXPECT_TRUE(PanelShows("Alias: Seen"));
     EXPECT_EQ(m_pSettings->m_iEvents.load(), 1);
 
     Show("Elsewhere");
-    ASSERT_TRUE(m_unitd.Set("unitAlias", ".0", "Unseen", false).value("ok", false));
-    ASSERT_TRUE(m_unitd.Set("syslogTransmissionState", ".0", "Disabled", false).value("ok", false));
+    ASSERT_TRUE(m_pUnitd->Set("unitAlias", ".0", "Unseen", false).value("ok", false));
+    ASSERT_TRUE(m_pUnitd->Set("syslogTransmissionState", ".0", "Disabled", false).value("ok", false));
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
     EXPECT_EQ(m_pSettings->m_iEvents.load(), 1);
 
@@ -146,7 +148,7 @@ TEST_F(EventScreensEndToEndTest, SettingsPageSubscribesOnlyWhileOnView)
     Show("Unit Settings");
     EXPECT_EQ(m_pSettings->CachedValue("unitAlias", ".0").ToString(""), "Unseen");
     EXPECT_TRUE(PanelShows("Syslog: Disabled"));
-    ASSERT_TRUE(m_unitd.Set("syslogTransmissionState", ".0", "Enabled", false).value("ok", false));
+    ASSERT_TRUE(m_pUnitd->Set("syslogTransmissionState", ".0", "Enabled", false).value("ok", false));
     EXPECT_TRUE(PanelShows("Syslog: Enabled"));
     EXPECT_EQ(m_pSettings->m_iEvents.load(), 2);
 }
@@ -158,19 +160,19 @@ TEST_F(EventScreensEndToEndTest, ForcedValuesReachStatusPagesOnView)
 
     Show("Voltage Levels");
     ASSERT_TRUE(PanelShows("12V: 12.06"));
-    ASSERT_TRUE(m_unitd.Set("sensor12V", ".0", 11.5).value("ok", false));
+    ASSERT_TRUE(m_pUnitd->Set("sensor12V", ".0", 11.5).value("ok", false));
     EXPECT_TRUE(PanelShows("12V: 11.50"));
     EXPECT_TRUE(PanelShows("5V: 5.02"));
 
     // Each sensor's event lands on its own row.
     Show("Unit Temperature");
     ASSERT_TRUE(PanelShows("Sensor 3: 52.00"));
-    ASSERT_TRUE(m_unitd.Set("tempReading", ".3", 61.5).value("ok", false));
+    ASSERT_TRUE(m_pUnitd->Set("tempReading", ".3", 61.5).value("ok", false));
     EXPECT_TRUE(PanelShows("Sensor 3: 61.50"));
     EXPECT_TRUE(PanelShows("Sensor 2: 47.25"));
 
     // A page off view draws nothing; it shows the value when it comes back.
-    ASSERT_TRUE(m_unitd.Set("sensor5V", ".0", 4.75).value("ok", false));
+    ASSERT_TRUE(m_pUnitd->Set("sensor5V", ".0", 4.75).value("ok", false));
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
     EXPECT_EQ(Panel().find("5V:"), std::string::npos) << Panel();
     Show("Voltage Levels");
@@ -180,21 +182,21 @@ TEST_F(EventScreensEndToEndTest, ForcedValuesReachStatusPagesOnView)
 TEST_F(EventScreensEndToEndTest, EnterWritesAnEditedTextOnceAndExitWritesNothing)
 {
     Show("Unit Settings");
-    int since = m_unitd.NextWrite();
+    int since = m_pUnitd->NextWrite();
     Press(KEY_ENTER);
     Press(KEY_UP);  // "U" -> "V"
     Press(KEY_ENTER);
-    nlohmann::json writes = m_unitd.WritesOf("unitAlias", since);
+    nlohmann::json writes = m_pUnitd->WritesOf("unitAlias", since);
     ASSERT_EQ(writes.size(), 1u) << writes.dump();
     EXPECT_EQ(writes[0].value("client", ""), "zor.fp");
     EXPECT_EQ(writes[0].value("value", ""), "Vplink IRD 3");
     EXPECT_TRUE(PanelShows("Alias: Vplink IRD 3"));
 
-    since = m_unitd.NextWrite();
+    since = m_pUnitd->NextWrite();
     Press(KEY_ENTER);
     Press(KEY_UP);
     Press(KEY_EXIT);
-    EXPECT_TRUE(m_unitd.WritesOf("unitAlias", since).empty());
+    EXPECT_TRUE(m_pUnitd->WritesOf("unitAlias", since).empty());
     CGenericLine* pAlias = m_pSettings->Table().Find("unitAlias", ".0");
     ASSERT_NE(pAlias, nullptr);
     EXPECT_FALSE(pAlias->IsEditing());

@@ -8,9 +8,10 @@
 #include <thread>
 
 #include "Client/TavClient.h"
+#include "Controller.h"
+#include "Paths.h"
 #include "RootScreensTestKit.h"
 #include "ScreenManager/TavScreenCreator.h"
-#include "UnitdLink.h"
 #include "Zor/Zor.h"
 
 using RootScreens::Row;
@@ -21,14 +22,15 @@ class RootScreensOnUnitdTest : public PanelTest::CPanelTest {
 protected:
     void SetUp() override
     {
-        if (MenusTest::CUnitd::ProgramPath().empty())
+        if (std::string(e2e::kUnitdPath).empty())
             GTEST_SKIP() << "unitd is not built";
     }
     void Build(const std::string& unit)
     {
         std::string error;
-        ASSERT_TRUE(m_unitd.Start(unit, &error)) << error;
-        m_pZor.reset(new Zor::CZorClient("zor.fp", m_unitd.Target()));
+        m_pUnitd.reset(new e2e::CUnitServer(unit));
+        ASSERT_TRUE(m_pUnitd->Start(&error)) << error;
+        m_pZor.reset(new Zor::CZorClient("zor.fp", m_pUnitd->Target()));
         m_pClient.reset(new CTavClient(m_pZor.get()));
         m_pManager.reset(new CTavScreenManager(nullptr, &Rig().Display(), m_pClient.get()));
         m_creator.CreateScreens(m_pManager.get(), m_pClient.get());
@@ -48,7 +50,7 @@ protected:
     }
     void Force(const std::string& name, const std::string& instance, const nlohmann::json& value)
     {
-        ASSERT_TRUE(m_unitd.Set(name, instance, value).value("ok", false)) << name << instance;
+        ASSERT_TRUE(m_pUnitd->Set(name, instance, value).value("ok", false)) << name << instance;
     }
     // Waits until row r reads the text (events arrive on their own thread).
     ::testing::AssertionResult RowReads(int r, const std::string& text)
@@ -69,14 +71,14 @@ protected:
     std::vector<std::string> PanelWrites(const std::string& name)
     {
         std::vector<std::string> values;
-        for (const auto& write : m_unitd.WritesOf(name))
+        for (const auto& write : m_pUnitd->WritesOf(name))
             if (write.value("client", "") == "zor.fp")
                 values.push_back(write["value"].is_string() ? write["value"].get<std::string>()
                                                             : write["value"].dump());
         return values;
     }
 
-    MenusTest::CUnitd m_unitd;
+    std::unique_ptr<e2e::CUnitServer> m_pUnitd;
     std::unique_ptr<Zor::CZorClient> m_pZor;
     std::unique_ptr<CTavClient> m_pClient;
     std::unique_ptr<CTavScreenManager> m_pManager;

@@ -12,6 +12,7 @@
 #include <thread>
 
 #include "Client/TavClient.h"
+#include "Controller.h"
 #include "Lines/GenericStringLine.h"
 #include "Menus/ImageUpdateEvent.h"
 #include "Menus/MenuImageUpdate.h"
@@ -19,9 +20,9 @@
 #include "Menus/MenuProfiles.h"
 #include "Menus/ProfileApplyEvent.h"
 #include "Menus/ProfileStatus.h"
+#include "Paths.h"
 #include "RootScreensTestKit.h"
 #include "ScreenManager/MenuStyle.h"
-#include "UnitdLink.h"
 #include "Zor/Zor.h"
 
 using RootScreens::Row;
@@ -43,9 +44,9 @@ protected:
     // full.json with some behaviours changed; noProfiles empties the profile list.
     void Build(const nlohmann::json& behaviours = nlohmann::json::object(), bool noProfiles = false)
     {
-        if (MenusTest::CUnitd::ProgramPath().empty())
+        if (std::string(e2e::kUnitdPath).empty())
             GTEST_SKIP() << "unitd is not built";
-        std::ifstream in(MenusTest::CUnitd::UnitPath("full.json"));
+        std::ifstream in(std::string(e2e::kUnitsDir) + "/full.json");
         nlohmann::json unit = nlohmann::json::parse(in);
         for (auto it = behaviours.begin(); it != behaviours.end(); ++it)
             unit["behaviours"][it.key()] = it.value();
@@ -56,13 +57,10 @@ protected:
         m_strUnitFile = std::string(dir) + "/unit.json";
         std::ofstream(m_strUnitFile) << unit.dump();
         std::string error;
-        // Unit files are named from unit/units; enough ".." reach the root from anywhere.
-        std::string fromUnits;
-        for (int i = 0; i < 32; ++i)
-            fromUnits += "../";
-        ASSERT_TRUE(m_unitd.Start(fromUnits + m_strUnitFile.substr(1), &error)) << error;
+        m_pUnitd.reset(new e2e::CUnitServer(m_strUnitFile));
+        ASSERT_TRUE(m_pUnitd->Start(&error)) << error;
 
-        m_pZor.reset(new Zor::CZorClient("zor.fp", m_unitd.Target()));
+        m_pZor.reset(new Zor::CZorClient("zor.fp", m_pUnitd->Target()));
         m_pClient.reset(new CTavClient(m_pZor.get()));
         m_pManager.reset(new CTavScreenManager(nullptr, &Rig().Display(), m_pClient.get()));
         // As start-up wires them.
@@ -109,7 +107,7 @@ protected:
     }
     void Write(const std::string& name, const nlohmann::json& value)
     {
-        ASSERT_TRUE(m_unitd.Set(name, ".0", value, false).value("ok", false)) << name;
+        ASSERT_TRUE(m_pUnitd->Set(name, ".0", value, false).value("ok", false)) << name;
     }
     std::string Current() { return m_pManager->GetCurrentName(); }
     // Waits until the panel shows what `check` wants (events and the poll run on their own
@@ -140,7 +138,7 @@ protected:
     std::vector<std::string> PanelWrites(const std::string& name)
     {
         std::vector<std::string> values;
-        for (const auto& write : m_unitd.WritesOf(name))
+        for (const auto& write : m_pUnitd->WritesOf(name))
             if (write.value("client", "") == "zor.fp")
                 values.push_back(write["value"].is_string() ? write["value"].get<std::string>()
                                                             : write["value"].dump());
@@ -155,7 +153,7 @@ protected:
         Press(KEY_ENTER);
     }
 
-    MenusTest::CUnitd m_unitd;
+    std::unique_ptr<e2e::CUnitServer> m_pUnitd;
     std::string m_strUnitFile;
     std::unique_ptr<Zor::CZorClient> m_pZor;
     std::unique_ptr<CTavClient> m_pClient;
