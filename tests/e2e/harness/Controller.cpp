@@ -189,6 +189,16 @@ int CUnitServer::NextWrite()
     return Writes(0).value("next", 0);
 }
 
+std::vector<std::string> CUnitServer::ValuesWrittenBy(const std::string& client, const std::string& name)
+{
+    std::vector<std::string> values;
+    for (const auto& write : WritesOf(name))
+        if (write.value("client", "") == client)
+            values.push_back(write["value"].is_string() ? write["value"].get<std::string>()
+                                                        : write["value"].dump());
+    return values;
+}
+
 // --- CControllerTap
 
 struct CControllerTap::Pair {

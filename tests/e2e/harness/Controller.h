@@ -66,6 +66,9 @@ public:
     nlohmann::json WritesOf(const std::string& name, int since = 0);
     // The journal's next sequence number.
     int NextWrite();
+    // The values one client wrote to the object, oldest first; texts as they are, other
+    // values as JSON.
+    std::vector<std::string> ValuesWrittenBy(const std::string& client, const std::string& name);
 
 private:
     std::string m_strUnit;

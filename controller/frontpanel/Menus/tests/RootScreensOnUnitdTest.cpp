@@ -70,12 +70,7 @@ protected:
     // What the panel wrote to one object.
     std::vector<std::string> PanelWrites(const std::string& name)
     {
-        std::vector<std::string> values;
-        for (const auto& write : m_pUnitd->WritesOf(name))
-            if (write.value("client", "") == "zor.fp")
-                values.push_back(write["value"].is_string() ? write["value"].get<std::string>()
-                                                            : write["value"].dump());
-        return values;
+        return m_pUnitd->ValuesWrittenBy("zor.fp", name);
     }
 
     std::unique_ptr<e2e::CUnitServer> m_pUnitd;

@@ -137,12 +137,7 @@ protected:
     }
     std::vector<std::string> PanelWrites(const std::string& name)
     {
-        std::vector<std::string> values;
-        for (const auto& write : m_pUnitd->WritesOf(name))
-            if (write.value("client", "") == "zor.fp")
-                values.push_back(write["value"].is_string() ? write["value"].get<std::string>()
-                                                            : write["value"].dump());
-        return values;
+        return m_pUnitd->ValuesWrittenBy("zor.fp", name);
     }
     // Chooses the profile on list row `row` (1 = the first profile).
     void Choose(int row)
