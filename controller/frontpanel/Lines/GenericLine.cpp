@@ -164,17 +164,26 @@ void CGenericLine::DrawLayout(int row, const std::string& value, bool highlight)
 {
     if (m_pDisplay == nullptr)
         return;
+    DrawLabel(row);
+    const int column = ValueColumn();
+    if (highlight && !value.empty())
+        m_pDisplay->QueueHighlight(value, row, column);
+    else
+        m_pDisplay->WriteAt(value, row, column);
+    DrawTail(row, column + static_cast<int>(value.length()));
+}
+
+void CGenericLine::DrawLabel(int row)
+{
     m_pDisplay->ClearLine(row);
     std::string lead(static_cast<size_t>(m_iLabelColumn > 0 ? m_iLabelColumn : 0), ' ');
     if (m_bHasLabel)
         lead += m_strLabel;
     m_pDisplay->WriteAt(lead, row, 0);
-    int column = ValueColumn();
-    if (highlight && !value.empty())
-        m_pDisplay->QueueHighlight(value, row, column);
-    else
-        m_pDisplay->WriteAt(value, row, column);
-    column += static_cast<int>(value.length());
+}
+
+void CGenericLine::DrawTail(int row, int column)
+{
     if (m_bHasSuffix) {
         m_pDisplay->WriteAt(m_strSuffix, row, column);
         column += m_iSuffixLength;

@@ -83,6 +83,10 @@ protected:
     // The common layout: marker column free, label, value (highlighted while editing when
     // asked), optional suffix, the rest of the row blank.
     void DrawLayout(int row, const std::string& value, bool highlight);
+    // Its two ends, for lines that draw their own value: the cleared row up to the value,
+    // and from `column` on the suffix and the blanks to the end of the row.
+    void DrawLabel(int row);
+    void DrawTail(int row, int column);
     int ValueColumn() const { return m_iLabelColumn + m_iLabelLength; }
 
     Qb::uint32 m_uKind;

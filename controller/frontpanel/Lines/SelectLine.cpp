@@ -79,12 +79,8 @@ void CSelectLine::Draw(int row)
 {
     if (m_pDisplay == nullptr)
         return;
-    m_pDisplay->ClearLine(row);
-    std::string lead(static_cast<size_t>(m_iLabelColumn > 0 ? m_iLabelColumn : 0), ' ');
-    if (m_bHasLabel)
-        lead += m_strLabel;
-    m_pDisplay->WriteAt(lead, row, 0);
-    int column = ValueColumn();
+    DrawLabel(row);
+    const int column = ValueColumn();
     char glyph = '-';
     if (!m_glyphs.empty()) {
         int index = m_bEditing ? m_iPending : m_iConfirmed;
@@ -96,11 +92,5 @@ void CSelectLine::Draw(int row)
         char text[2] = {glyph, '\0'};
         m_pDisplay->PutChar(text, row, column);
     }
-    column += 1;
-    if (m_bHasSuffix) {
-        m_pDisplay->WriteAt(m_strSuffix, row, column);
-        column += m_iSuffixLength;
-    }
-    if (column < m_iLineWidth)
-        m_pDisplay->WriteAt(std::string(static_cast<size_t>(m_iLineWidth - column), ' '), row, column);
+    DrawTail(row, column + 1);
 }
