@@ -102,8 +102,10 @@ CUnitServer::CUnitServer(const std::string& unitFile) : m_strUnit(UnitFilePath(u
     if (mkdtemp(dir) != nullptr) {
         m_strOwnDir = dir;
         m_strSocket = m_strOwnDir + "/unitd.sock";
+    } else {
+        // The socket path stays empty and Start says why.
+        m_strDirError = std::string("no folder for unitd's socket: ") + std::strerror(errno);
     }
-    // Without a folder the socket path stays empty and Start says so.
 }
 
 CUnitServer::~CUnitServer()
@@ -122,7 +124,7 @@ bool CUnitServer::Start(std::string* error)
         return false;
     }
     if (m_strSocket.empty()) {
-        *error = std::string("no folder for unitd's socket: ") + std::strerror(errno);
+        *error = m_strDirError;
         return false;
     }
     m_pProcess.reset(new CChildProcess({kUnitdPath, "--unit", m_strUnit, "--socket", m_strSocket}));

@@ -72,7 +72,8 @@ public:
 
 private:
     std::string m_strUnit;
-    std::string m_strOwnDir;  // made by the server, removed with it; empty when given a socket
+    std::string m_strOwnDir;    // made by the server, removed with it; empty when given a socket
+    std::string m_strDirError;  // why the server could not make its folder
     std::string m_strSocket;
     std::unique_ptr<CChildProcess> m_pProcess;
     CControllerLink m_link;
