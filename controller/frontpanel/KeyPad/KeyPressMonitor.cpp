@@ -1,12 +1,12 @@
 #include "KeyPad/KeyPressMonitor.h"
 
-#include "ScreenManager/TavScreenManager.h"
+#include "KeyPad/LockScreenOpener.h"
 
 namespace {
 const char* const kLockScreen = "Lock/Unlock Front Panel";
 }
 
-CKeyPressMonitor::CKeyPressMonitor(CTavScreenManager* pScreenManager, Qb::CWakeUpTimer* pTimer)
+CKeyPressMonitor::CKeyPressMonitor(ILockScreenOpener* pScreenManager, Qb::CWakeUpTimer* pTimer)
     : m_bComboActive(false),
       m_bHold(false),
       m_pComboMutex(new Qb::CMutex("TavComboKeyPress")),

@@ -9,12 +9,12 @@
 #include "Qb/Mutex.h"
 #include "Qb/WakeUpTimer.h"
 
-class CTavScreenManager;
+class ILockScreenOpener;
 
 class CKeyPressMonitor : public Qb::IProcessRequests {
 public:
     // Neither pointer is owned; both must outlive the monitor.
-    CKeyPressMonitor(CTavScreenManager* pScreenManager, Qb::CWakeUpTimer* pTimer);
+    CKeyPressMonitor(ILockScreenOpener* pScreenManager, Qb::CWakeUpTimer* pTimer);
     ~CKeyPressMonitor() override;
 
     // Wake-up timer call-back: the combination has been held for the whole interval.
@@ -41,5 +41,5 @@ private:
     Qb::CWakeUpTimer* m_pTimer;
     unsigned m_uEventId;
     TEventHandler<CKeyPressMonitor> m_handler;
-    CTavScreenManager* m_pScreenManager;
+    ILockScreenOpener* m_pScreenManager;
 };

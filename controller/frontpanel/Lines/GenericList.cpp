@@ -12,6 +12,16 @@ CGenericList::CGenericList() : m_iCommitted(0), m_iPending(0), m_iHiddenCount(0)
     m_uEditHint = 6;
 }
 
+void CGenericList::ClearEntries()
+{
+    m_entries.clear();
+    m_hidden.clear();
+    m_iHiddenCount = 0;
+    m_iCommitted = 0;
+    m_iPending = 0;
+    PlaceCursor();
+}
+
 int CGenericList::AddEntry(const std::string& text)
 {
     return AddEntry(text, text);

@@ -6,6 +6,7 @@
 //   AddEntry(text)          the next entry (index 0, 1, ...); returns its index
 //   AddEntry(text, value)   the same, exchanged with the controller as `value` (an id or a
 //                           code) rather than as its text
+//   ClearEntries()          no entries, nothing committed (a list made again)
 //   HideEntry(i) / ShowEntry(i), IsHidden(i), GetEntryCount()
 //   SetIndex(i)             commits entry i; false when out of range or hidden
 //   SetValue(text)          commits the first entry whose controller text is exactly `text`
@@ -33,6 +34,8 @@ public:
 
     int AddEntry(const std::string& text);
     int AddEntry(const std::string& text, const std::string& value);
+    // Removes every entry (a list read from the controller, made again); nothing is chosen.
+    void ClearEntries();
     bool HideEntry(int index);
     bool ShowEntry(int index);
     bool IsHidden(int index) const;

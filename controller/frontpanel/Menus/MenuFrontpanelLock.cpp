@@ -10,6 +10,7 @@
 #include "Lines/GenericStringLine.h"
 #include "Qb/Thread.h"
 #include "ScreenManager/MenuStyle.h"
+#include "ScreenManager/PanelMessage.h"
 
 namespace {
 
@@ -23,21 +24,6 @@ const int kPasswordLength = 16;
 const int kPasswordCharSet = 0;
 
 }  // namespace
-
-void DrawPanelMessage(CMenuStyle& style, CDisplay* pDisplay, const std::string& line1,
-                      const std::string& line2)
-{
-    if (pDisplay == nullptr)
-        return;
-    style.Clear(0, 0);
-    std::string first = line1;  // aligned in place
-    std::string second = line2;
-    pDisplay->WriteAligned(first, 1, ALIGN_CENTRE, 0);
-    pDisplay->WriteAligned(second, 2, ALIGN_CENTRE, 0);
-    pDisplay->RedrawWindow();
-    // No key hints: keys wait in the queue until the message is gone.
-    pDisplay->SetRightIndicators(0);
-}
 
 CMenuFrontpanelLock::CMenuFrontpanelLock()
     : CTavEventScreen("Menu Style Basic"),

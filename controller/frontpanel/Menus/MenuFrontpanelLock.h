@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Qb/Types.h"
+#include "ScreenManager/PanelMessage.h"
 #include "ScreenManager/TavEventScreen.h"
 
 class CDisplay;
@@ -21,13 +22,6 @@ enum PanelLockMode_e { LOCK_MODE_NONE = 1, LOCK_MODE_LOCKED = 2, LOCK_MODE_DISAB
 
 // Shortest password the panel accepts.
 const int kMinPanelPasswordLength = 3;
-// How long a panel-lock message stays up; the key thread waits meanwhile.
-const Qb::uint32 kPanelMessageMs = 1500;
-
-// Clears the panel and shows a two-row message (rows 1 and 2, centred), without key hints.
-void DrawPanelMessage(CMenuStyle& style, CDisplay* pDisplay, const std::string& line1,
-                      const std::string& line2);
-
 class CMenuFrontpanelLock : public CTavEventScreen {
 public:
     CMenuFrontpanelLock();

@@ -3,7 +3,7 @@
 namespace {
 
 // The readings are in the controller's own unit; the page only gives them two decimals.
-const CLineSpec kLines[] = {
+const CRow kLines[] = {
     Text("Sensor #: ", "tempReading", kEach, "%.2f"),
 };
 

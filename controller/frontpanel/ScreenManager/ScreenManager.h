@@ -9,12 +9,13 @@
 
 #include "Client/EventHandler.h"
 #include "KeyPad/KeyPress.h"
+#include "KeyPad/LockScreenOpener.h"
 #include "Qb/Mutex.h"
 #include "Qb/Uncopyable.h"
 
 class CScreen;
 
-class CScreenManager : private Qb::CUncopyable {
+class CScreenManager : public ILockScreenOpener, private Qb::CUncopyable {
 public:
     CScreenManager();
     virtual ~CScreenManager();
@@ -25,8 +26,8 @@ public:
     virtual void ShowScreenLocked(const std::string& name);
     // Event entry of the keypad's handler: type 1 (a key) is routed, others refused.
     virtual bool OnEvent(CEventHandler* pHandler, int type, void* pEvent, void* pExtra);
-    virtual void ShowLockScreen() {}
-    virtual std::string GetCurrentName();
+    void ShowLockScreen() override {}
+    std::string GetCurrentName() override;
     virtual CScreen* GetCurrentScreen();
     virtual void ChangeScreen(const std::string&) {}
 

@@ -1,27 +1,31 @@
 #include "ScreenManager/TableScreen.h"
 
+#include "Lines/EntryLine.h"
 #include "Lines/GenericLine.h"
+#include "Lines/GenericList.h"
+#include "Qb/Thread.h"
 #include "ScreenManager/MenuStyle.h"
+#include "ScreenManager/PanelMessage.h"
 #include "Zor/Param.h"
 
-namespace {
-
-const Zor::CParam& ValueOf(const Zor::CParam& values, const std::string& object, const std::string& instance)
+void EraseInstance(Zor::CParam& values, const std::string& object, const std::string& instance)
 {
-    static const Zor::CParam kNull;
     if (!values.IsMap() || !values.KeyExists(object))
-        return kNull;
-    const Zor::CParam& instances = values[object];
-    if (!instances.IsMap() || !instances.KeyExists(instance))
-        return kNull;
-    return instances[instance];
+        return;
+    const Zor::CParam& old = values[object];
+    Zor::CParam kept(Zor::PT_MAP);
+    for (int i = 0; old.IsMap() && i < old.Length(); ++i)
+        if (old.GetKey(i) != instance)
+            kept[old.GetKey(i)] = old[old.GetKey(i)];
+    values[object] = kept;
 }
 
-}  // namespace
-
-CLineTable::CLineTable(std::vector<CLineSpec> specs, bool editable)
-    : m_specs(std::move(specs)), m_bEditable(editable), m_bMade(false)
+CLineTable::CLineTable(std::vector<CRow> rows, bool editable) : m_bEditable(editable), m_bMade(false)
 {
+    // Rows for hardware this unit lacks are never made.
+    for (CRow& row : rows)
+        if (row.present)
+            m_rows.push_back(std::move(row));
 }
 
 std::string CLineTable::Resolve(const std::string& instance) const
@@ -32,80 +36,163 @@ std::string CLineTable::Resolve(const std::string& instance) const
 std::vector<std::string> CLineTable::Requests() const
 {
     std::vector<std::string> keys;
-    for (const CLineSpec& spec : m_specs) {
-        if (spec.object.empty())
+    auto add = [&keys](const std::string& key) {
+        for (const std::string& known : keys)
+            if (known == key)
+                return;
+        keys.push_back(key);
+    };
+    for (const CRow& row : m_rows) {
+        if (row.kind == CRow::KIND_RECORD) {
+            add(row.object + kEach);
             continue;
-        std::string instance = Resolve(spec.instance);
-        if (instance.empty())
-            continue;  // a card row of a screen that was given no card
-        keys.push_back(spec.object + instance);
+        }
+        for (const auto& read : row.Reads()) {
+            std::string instance = Resolve(read.second);
+            if (instance.empty())
+                continue;  // a card row of a screen that was given no card
+            add(read.first + instance);
+        }
     }
     return keys;
 }
 
-std::vector<std::vector<std::string>> CLineTable::EachInstances(const Zor::CParam& values) const
+bool CLineTable::IsPattern(const std::string& object) const
 {
-    std::vector<std::vector<std::string>> each;
-    for (const CLineSpec& spec : m_specs) {
-        if (spec.instance != kEach)
-            continue;
-        std::vector<std::string> instances;
-        if (values.IsMap() && values.KeyExists(spec.object)) {
-            const Zor::CParam& found = values[spec.object];
-            for (int i = 0; found.IsMap() && i < found.Length(); ++i)
-                instances.push_back(found.GetKey(i));
-        }
-        each.push_back(instances);
+    for (const std::string& key : Requests())
+        if (key == object + kEach)
+            return true;
+    return false;
+}
+
+std::vector<std::string> CLineTable::InstancesOf(const CRow& row, const Zor::CParam& values) const
+{
+    std::vector<std::string> instances;
+    if (!values.IsMap() || !values.KeyExists(row.object))
+        return instances;
+    // A record may be limited to the instances under a card (or a fixed prefix).
+    std::string within = row.kind == CRow::KIND_RECORD ? Resolve(row.instance) : std::string();
+    const Zor::CParam& found = values[row.object];
+    for (int i = 0; found.IsMap() && i < found.Length(); ++i) {
+        std::string instance = found.GetKey(i);
+        if (within.empty() || instance.compare(0, within.size(), within) == 0)
+            instances.push_back(instance);
     }
-    return each;
+    return instances;
+}
+
+std::vector<std::vector<std::string>> CLineTable::Shape(const Zor::CParam& values) const
+{
+    std::vector<std::vector<std::string>> shape;
+    bool inRecord = false;
+    for (const CRow& row : m_rows) {
+        if (row.kind == CRow::KIND_RECORD) {
+            inRecord = true;
+            shape.push_back(InstancesOf(row, values));
+        } else if (row.kind == CRow::KIND_END_RECORD) {
+            inRecord = false;
+        } else if (!inRecord && row.instance == kEach) {
+            shape.push_back(InstancesOf(row, values));
+        }
+    }
+    return shape;
+}
+
+void CLineTable::MakeLine(CMenuStyle& style, const CRow& row, const std::string& instance,
+                          const Zor::CParam& values)
+{
+    CGenericLine* pLine = row.MakeLine(m_bEditable);
+    // Editable lines read their object at every redraw and write it on ENTER; text rows
+    // are filled from the cache instead.
+    std::string bound = row.kind == CRow::KIND_ADD_ADDRESS ? Resolve(row.instance) : instance;
+    if (row.IsBound(m_bEditable) && !bound.empty())
+        pLine->BindObject(row.object, bound);
+    std::string label = row.LabelFor(CRowValues(values, m_strCard, instance));
+    if (!style.AppendLine(pLine, label.c_str(), row.target)) {
+        delete pLine;
+        return;
+    }
+    m_made.push_back(Made_t{&row, instance, pLine, {}});
 }
 
 bool CLineTable::Make(CMenuStyle& style, const Zor::CParam& values)
 {
-    std::vector<std::vector<std::string>> each = EachInstances(values);
-    if (m_bMade && each == m_each)
+    std::vector<std::vector<std::string>> shape = Shape(values);
+    if (m_bMade && shape == m_shape)
         return false;
 
     style.GetLines().Clear();
     style.GetCursor().SetItemCount(0);
     m_made.clear();
-    size_t eachRow = 0;
-    for (const CLineSpec& spec : m_specs) {
-        std::vector<std::string> instances;
-        if (spec.instance == kEach)
-            instances = each[eachRow++];
-        else
-            instances.push_back(Resolve(spec.instance));
-        for (const std::string& instance : instances) {
-            CGenericLine* pLine = spec.MakeLine(m_bEditable);
-            // Editable lines read their object at every redraw and write it on ENTER; text
-            // rows are filled from the cache instead.
-            if (!spec.object.empty() && !instance.empty() && !spec.IsText(m_bEditable) &&
-                spec.kind != CLineSpec::KIND_TARGET && spec.kind != CLineSpec::KIND_HEADING)
-                pLine->BindObject(spec.object, instance);
-            std::string label = spec.LabelFor(instance);
-            if (!style.AppendLine(pLine, label.c_str(), spec.target)) {
-                delete pLine;
-                continue;
+    size_t group = 0;
+    for (size_t i = 0; i < m_rows.size(); ++i) {
+        const CRow& row = m_rows[i];
+        if (row.kind == CRow::KIND_RECORD) {
+            size_t end = i + 1;
+            while (end < m_rows.size() && m_rows[end].kind != CRow::KIND_END_RECORD)
+                ++end;
+            const std::vector<std::string>& records = shape[group++];
+            if (records.empty() && !row.missing.empty()) {
+                MakeLine(style, row, std::string(), values);  // the record row itself: a heading
+                m_made.back().pLine->SetLabel(row.missing.c_str());
             }
-            m_made.push_back(Made_t{&spec, instance, pLine});
+            for (const std::string& record : records)
+                for (size_t r = i + 1; r < end; ++r)
+                    MakeLine(style, m_rows[r], m_rows[r].instance == kEach ? record : Resolve(m_rows[r].instance),
+                             values);
+            i = end;  // past the end row
+            continue;
         }
+        if (row.instance == kEach) {
+            for (const std::string& instance : shape[group])
+                MakeLine(style, row, instance, values);
+            ++group;
+            continue;
+        }
+        MakeLine(style, row, Resolve(row.instance), values);
     }
-    m_each = each;
+    m_shape = shape;
     m_bMade = true;
     return true;
 }
 
-void CLineTable::Fill(const Zor::CParam& values, bool all)
+void CLineTable::Fill(CMenuStyle& style, const Zor::CParam& values, bool all)
 {
-    for (const Made_t& made : m_made) {
-        const CLineSpec& spec = *made.pSpec;
-        if (spec.object.empty())
+    for (Made_t& made : m_made) {
+        const CRow& row = *made.pRow;
+        if (row.kind == CRow::KIND_RECORD)
+            continue;  // the empty-list text
+        CRowValues v(values, m_strCard, made.instance);
+        if (!row.labels.empty())
+            made.pLine->SetLabel(row.LabelFor(v).c_str());
+        if (!row.shownWhen.empty())
+            style.SetLineHidden(made.pLine, !row.IsShown(v));
+        if (row.IsText(m_bEditable) && (!row.object.empty() || row.compute)) {
+            made.pLine->SetValue(row.ShownFor(v));
             continue;
-        const Zor::CParam& value = ValueOf(values, spec.object, made.instance);
-        if (spec.IsText(m_bEditable))
-            made.pLine->SetValue(spec.Shown(value));
-        else if (all && !value.IsNull())
+        }
+        if (!row.IsBound(m_bEditable))
+            continue;
+        if (!row.fromObject.empty()) {
+            std::vector<std::pair<std::string, std::string>> entries = row.EntriesFrom(v, m_strCard);
+            CGenericList* pList = dynamic_cast<CGenericList*>(made.pLine);
+            if (pList != nullptr && entries != made.entries) {
+                pList->ClearEntries();
+                for (const auto& entry : entries)
+                    pList->AddEntry(entry.first, entry.second);
+                made.entries = entries;
+                all = true;  // choose the current value among the new entries
+            }
+        }
+        if (!row.suffixWhen.empty()) {
+            std::string suffix = row.unit;
+            for (const CRow::Cond_t& cond : row.suffixWhen)
+                if (v(cond.object, cond.instance) == cond.values.front())
+                    suffix += cond.text;
+            made.pLine->SetSuffix(suffix.c_str());
+        }
+        const Zor::CParam& value = v.Param(row.object, made.instance);
+        if (all && !value.IsNull())
             made.pLine->SetValue(value.ToString(""));
     }
 }
@@ -116,22 +203,30 @@ void CLineTable::ApplyLockMode(bool readOnly)
         if (!made.pLine->IsSelectable())
             continue;
         made.pLine->SetEnabled(!readOnly);
-        made.pLine->SetReadOnly(readOnly || made.pSpec->readOnly);
+        made.pLine->SetReadOnly(readOnly || made.pRow->readOnly);
     }
 }
 
 CGenericLine* CLineTable::Find(const std::string& object, const std::string& instance) const
 {
     for (const Made_t& made : m_made)
-        if (made.pSpec->object == object && made.instance == instance)
+        if (made.pRow->object == object && made.instance == instance)
             return made.pLine;
+    return nullptr;
+}
+
+const CRow* CLineTable::RowOf(const CGenericLine* pLine) const
+{
+    for (const Made_t& made : m_made)
+        if (made.pLine == pLine)
+            return made.pRow;
     return nullptr;
 }
 
 // --- Settings pages ---
 
-CConfigTableScreen::CConfigTableScreen(const std::string& title, const std::string& parent,
-                                       std::vector<CLineSpec> lines, const std::string& style)
+CConfigTableScreen::CConfigTableScreen(const std::string& title, const std::string& parent, std::vector<CRow> lines,
+                                       const std::string& style)
     : CTavConfigScreen(style), m_table(std::move(lines), true)
 {
     m_pMenu->SetTitle(title);
@@ -152,7 +247,12 @@ void CConfigTableScreen::AfterLoad()
     if (m_table.Make(*m_pMenu, m_values))
         m_iLockMode = 0;
     PushToMenu();
-    m_table.Fill(m_values, true);
+    m_table.Fill(*m_pMenu, m_values, true);
+}
+
+void CConfigTableScreen::SubscribeAll()
+{
+    SubscribeKeys(m_table.Requests());
 }
 
 void CConfigTableScreen::ApplyLockMode(bool readOnly)
@@ -167,17 +267,55 @@ void CConfigTableScreen::OnManagedEvent(const std::string& name, const Zor::COid
     RunOnViewFromEvent([&]() {
         if (!m_values.IsMap())
             m_values.Clear(Zor::PT_MAP);
-        m_values[name][instance.OidStr()] = value;
-        m_table.Fill(m_values, false);
+        // A destroyed table row (row status 6) leaves its record.
+        const bool destroyed = m_table.IsPattern(name) && name.size() > 9 &&
+                               name.compare(name.size() - 9, 9, "RowStatus") == 0 && value.ToString("") == "6";
+        if (destroyed)
+            EraseInstance(m_values, name, instance.OidStr());
+        else
+            m_values[name][instance.OidStr()] = value;
+        if (m_table.Make(*m_pMenu, m_values)) {
+            PushToMenu();
+            m_table.ApplyLockMode(m_bReadOnly);
+        }
+        m_table.Fill(*m_pMenu, m_values, false);
         PushToMenu();
         m_pMenu->Redraw(1);
     });
 }
 
+std::string CConfigTableScreen::HandleKey(const KeyPress_t& key)
+{
+    CGenericLine* pLine = m_pMenu->GetSelectedLine();
+    std::string next = CTavConfigScreen::HandleKey(key);
+    // An address the row's own rule refused: say why, nothing was written.
+    const CRow* pRow = pLine != nullptr ? m_table.RowOf(pLine) : nullptr;
+    CEntryLine* pEntry = dynamic_cast<CEntryLine*>(pLine);
+    if (pRow != nullptr && pRow->check && pEntry != nullptr && key.key == KEY_ENTER && pEntry->WasRefused())
+        ShowMessage(pRow->checkLine1, pRow->checkLine2);
+    return next;
+}
+
+void CConfigTableScreen::Pause(Qb::uint32 ms)
+{
+    Qb::CThread::Sleep(ms);
+}
+
+void CConfigTableScreen::ShowMessage(const std::string& line1, const std::string& line2, bool redraw)
+{
+    PushToMenu();
+    DrawPanelMessage(*m_pMenu, m_pDisplay, line1, line2);
+    Pause(kPanelMessageMs);
+    if (!redraw)
+        return;
+    PushToMenu();
+    m_pMenu->Redraw(2);
+}
+
 // --- Status pages ---
 
-CStatusTableScreen::CStatusTableScreen(const std::string& title, const std::string& parent,
-                                       std::vector<CLineSpec> lines, const std::string& style)
+CStatusTableScreen::CStatusTableScreen(const std::string& title, const std::string& parent, std::vector<CRow> lines,
+                                       const std::string& style)
     : CTavStatusScreen(style), m_table(std::move(lines), false)
 {
     m_pMenu->SetTitle(title);
@@ -198,8 +336,19 @@ void CStatusTableScreen::AfterLoad()
     PushToMenu();
 }
 
+void CStatusTableScreen::SubscribeAll()
+{
+    SubscribeKeys(m_table.Requests());
+}
+
 void CStatusTableScreen::UpdateLines(int mode)
 {
-    m_table.Fill(m_values, false);
+    // A new or removed instance (an alarm raised, a row added) makes the rows again.
+    if (m_table.Make(*m_pMenu, m_values)) {
+        PushToMenu();
+        m_table.ApplyLockMode(m_bReadOnly);
+        mode = mode < 1 ? 1 : mode;
+    }
+    m_table.Fill(*m_pMenu, m_values, false);
     CTavStatusScreen::UpdateLines(mode);
 }

@@ -141,6 +141,19 @@ void CTavEventScreen::SubscribeValues()
     }
 }
 
+void CTavEventScreen::SubscribeKeys(const std::vector<std::string>& keys)
+{
+    for (const std::string& key : keys) {
+        size_t point = key.find('.');
+        if (point == std::string::npos)
+            continue;
+        std::string name = key.substr(0, point);
+        std::string instance = key.substr(point);
+        if (Subscribe(name, instance))
+            m_subscribed.emplace_back(name, instance);
+    }
+}
+
 void CTavEventScreen::UnsubscribeValues()
 {
     // Exactly what was subscribed, whatever the cache holds now.

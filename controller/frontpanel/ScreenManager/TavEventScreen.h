@@ -51,6 +51,9 @@ protected:
     // Subscribes to every instance of every object in the cache, and ends exactly those
     // subscriptions again.
     void SubscribeValues();
+    // Subscribes to each key ("name.0", or "name.%" for every instance, those created later
+    // included), ended again by UnsubscribeValues.
+    void SubscribeKeys(const std::vector<std::string>& keys);
     void UnsubscribeValues();
 
     std::string m_strNotSet;

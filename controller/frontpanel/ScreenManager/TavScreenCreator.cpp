@@ -1,15 +1,41 @@
 #include "ScreenManager/TavScreenCreator.h"
 
 #include "Client/TavClient.h"
+#include "Menus/MenuAboutSystem.h"
+#include "Menus/MenuAboutUnit.h"
 #include "Menus/MenuActiveErrors.h"
+#include "Menus/MenuAdmin.h"
+#include "Menus/MenuAdminConfigDateTime.h"
+#include "Menus/MenuAdminConfigureMpegIp.h"
+#include "Menus/MenuAdminUpdateMethod.h"
 #include "Menus/MenuChangePanelPassword.h"
+#include "Menus/MenuConfigureNetwork.h"
 #include "Menus/MenuFrontpanelLock.h"
+#include "Menus/MenuHardwareSelect.h"
+#include "Menus/MenuHardwareSelectSlot.h"
+#include "Menus/MenuHardwareStatus.h"
 #include "Menus/MenuHome.h"
+#include "Menus/MenuInbandControlSettings.h"
+#include "Menus/MenuInbandControlStatus.h"
+#include "Menus/MenuListeningServicesSettings.h"
+#include "Menus/MenuListeningServicesStatus.h"
 #include "Menus/MenuMain.h"
+#include "Menus/MenuMpegIpNetwork.h"
+#include "Menus/MenuMpegIpNetworkSettings.h"
+#include "Menus/MenuMpegIpNetworkStatus.h"
 #include "Menus/MenuProfiles.h"
+#include "Menus/MenuResetAllSettings.h"
+#include "Menus/MenuSyslogConfiguration.h"
+#include "Menus/MenuSystemTime.h"
+#include "Menus/MenuUnitNetworkStatus.h"
+#include "Menus/MenuUnitTemperature.h"
+#include "Menus/MenuVoltageLevelStatus.h"
 #include "Menus/ProfileStatus.h"
 #include "Qb/Str.h"
+#include "ScreenManager/ScreenNames.h"
 #include "ScreenManager/TavScreenManager.h"
+
+using namespace ScreenName;
 
 CTavScreenCreator::CTavScreenCreator() : m_pManager(nullptr), m_pClient(nullptr), m_caps() {}
 
@@ -42,14 +68,22 @@ void CTavScreenCreator::CreateScreens(CTavScreenManager* pManager, CTavClient* p
 
 bool CTavScreenCreator::Present(const std::string& subsystem)
 {
-    return Count(subsystem) > 0;
+    return !Instances(subsystem).empty();
 }
 
 Qb::uint32 CTavScreenCreator::Count(const std::string& subsystem)
 {
+    return static_cast<Qb::uint32>(Instances(subsystem).size());
+}
+
+std::vector<std::string> CTavScreenCreator::Instances(const std::string& subsystem)
+{
+    std::vector<std::string> slots;
     const Zor::CParam found = m_pClient->QuerySubsystem(subsystem);
     const Zor::CParam& instances = found[subsystem];
-    return instances.IsNull() ? 0 : static_cast<Qb::uint32>(instances.Length());
+    for (int i = 0; !instances.IsNull() && i < instances.Length(); ++i)
+        slots.push_back(instances.IsMap() ? instances.GetKey(i) : instances[i].ToString(""));
+    return slots;
 }
 
 bool CTavScreenCreator::IsTrue(const char* name, const char* instance)
@@ -86,18 +120,20 @@ void CTavScreenCreator::ProbeCapabilities()
     if (ret.Success())
         m_caps.inputLabels = static_cast<Qb::uint32>(ret.Val()["tsinputsrcLabel"].Length());
 
+    // Slots are taken from the query, never assumed: a unit may have its one card anywhere.
     struct Card_t {
         const char* type;
         bool* flags;
+        std::vector<std::string>* slots;
     };
-    const Card_t cards[] = {{"MpegIpRcv", m_caps.mpegIpRcv},
-                            {"DvbS2In", m_caps.dvbS2In},
-                            {"VsbIn", m_caps.vsbIn},
-                            {"TurboPskIn", m_caps.turboPskIn}};
+    const Card_t cards[] = {{"MpegIpRcv", m_caps.mpegIpRcv, &m_caps.mpegIpRcvSlots},
+                            {"DvbS2In", m_caps.dvbS2In, &m_caps.dvbS2InSlots},
+                            {"VsbIn", m_caps.vsbIn, &m_caps.vsbInSlots},
+                            {"TurboPskIn", m_caps.turboPskIn, &m_caps.turboPskInSlots}};
     for (const Card_t& card : cards) {
-        Qb::uint32 count = Count(card.type);
-        card.flags[0] = count >= 1;
-        card.flags[1] = count >= 2;
+        *card.slots = Instances(card.type);
+        card.flags[0] = card.slots->size() >= 1;
+        card.flags[1] = card.slots->size() >= 2;
     }
 
     m_caps.biss = IsTrue("tsssconfigBiss", ".1.1");
@@ -118,7 +154,8 @@ void CTavScreenCreator::ProbeCapabilities()
     m_caps.mpegIpTxFec = Present("MpegIpTxFec");
     m_caps.inbandControl = Present("InbandControl");
     // Not needed by the probes above, asked last.
-    m_caps.mpegIpTx = Present("MpegIpTx");
+    m_caps.mpegIpTxSlots = Instances("MpegIpTx");
+    m_caps.mpegIpTx = !m_caps.mpegIpTxSlots.empty();
     m_caps.tsInputSrc = Present("TsInputSrc");
     m_caps.tsOutputSrc = Present("TsOutputSrc");
 }
@@ -130,15 +167,12 @@ void CTavScreenCreator::Add(CScreen* pScreen, const std::string& name)
 
 void CTavScreenCreator::AddHome()
 {
-    Add(new CMenuHome(m_caps.decoder), "Home");
+    Add(new CMenuHome(m_caps.decoder), kHome);
 }
 
 void CTavScreenCreator::BuildMainMenu()
 {
-    CMenuMain* pMain = new CMenuMain(m_caps.t2mi);
-    pMain->SetDecoderPresent(m_caps.decoder);
-    pMain->SetConditionalAccessPresent(m_caps.biss || m_caps.camSlot);
-    Add(pMain, "Home Main");
+    Add(new CMenuMain(m_caps), kMainMenu);
 }
 
 // The groups below are filled as their screens land.
@@ -160,13 +194,49 @@ void CTavScreenCreator::BuildTransportStreamOutputs() {}
 
 void CTavScreenCreator::BuildAdmin()
 {
-    Add(new CMenuFrontpanelLock(), "Lock/Unlock Front Panel");
-    Add(new CMenuChangePanelPassword(), "Change Panel Password");
-    Add(new CMenuProfiles(), "Profile Config");
-    Add(new CProfileStatus(), "Profile Status");
+    Add(new CMenuAdmin(m_caps), kAdmin);
+    Add(new CMenuUnitNetworkStatus(), kUnitNetworking);
+    Add(new CMenuConfigureNetwork(), kConfigureNetwork);
+    Add(new CMenuSystemTime(), kSystemTime);
+    Add(new CMenuAdminConfigDateTime(), kConfigureDateTime);
+    Add(new CMenuAdminUpdateMethod(), kUpdateMethod);
+    Add(new CMenuAboutSystem(), kAboutSystem);
+    Add(new CMenuAboutUnit(), kAboutUnit);
+    Add(new CMenuHardwareSelect(), kOptions);
+    Add(new CMenuHardwareSelectSlot(), kSelectSlot);
+    Add(new CMenuHardwareStatus("Top Slot"), kTopSlot);
+    Add(new CMenuHardwareStatus("Bottom Slot"), kBottomSlot);
+    Add(new CMenuSyslogConfiguration(), kSyslogConfiguration);
+    if (!m_caps.mpegIpRcvSlots.empty()) {
+        Add(new CMenuMpegIpNetwork(m_caps.mpegIpRcvSlots), kMpegIpNetworking);
+        for (size_t i = 0; i < m_caps.mpegIpRcvSlots.size(); ++i) {
+            const int card = static_cast<int>(i) + 1;
+            const std::string& slot = m_caps.mpegIpRcvSlots[i];
+            for (int port = 1; port <= 2; ++port) {
+                const std::string instance = slot + "." + std::to_string(port);
+                Add(new CMenuMpegIpNetworkSettings(MpegIpPort(card, port), instance), MpegIpPort(card, port));
+                Add(new CMenuMpegIpNetworkStatus(MpegIpPortStatus(card, port), instance),
+                    MpegIpPortStatus(card, port));
+            }
+            Add(new CMenuAdminConfigureMpegIp(card, slot), ConfigureMpegIpCard(card));
+        }
+    }
+    if (m_caps.inbandControl) {
+        Add(new CMenuInbandControlStatus(), kInbandControl);
+        Add(new CMenuInbandControlSettings(), kConfigureInband);
+    }
+    Add(new CMenuListeningServicesStatus(), kListeningServices);
+    Add(new CMenuListeningServicesSettings(), kListeningServicesSettings);
+    Add(new CMenuResetAllSettings(), kResetAllSettings);
+    Add(new CMenuUnitTemperature(), kUnitTemperature);
+    Add(new CMenuVoltageLevelStatus(), kVoltageLevels);
+    Add(new CMenuFrontpanelLock(), kPanelLock);
+    Add(new CMenuChangePanelPassword(), kChangePanelPassword);
+    Add(new CMenuProfiles(), kProfileConfig);
+    Add(new CProfileStatus(), kProfileStatus);
 }
 
 void CTavScreenCreator::AddActiveErrors()
 {
-    Add(new CMenuActiveErrors(), "Active Errors");
+    Add(new CMenuActiveErrors(), kActiveErrors);
 }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Qb/Types.h"
+#include "ScreenManager/Capabilities.h"
 #include "Qb/Uncopyable.h"
 
 class CScreen;
@@ -15,39 +16,7 @@ class CTavScreenManager;
 
 class CTavScreenCreator : private Qb::CUncopyable {
 public:
-    // What the unit has, read once before any screen is built. A failed read counts as
-    // absent (false, 0).
-    struct Capabilities_t {
-        bool decoder;
-        bool t2mi;
-        Qb::uint32 audioDigital;
-        Qb::uint32 audioAnalog;
-        Qb::uint32 audioDecode;
-        bool genlock;
-        bool hdOutput;
-        bool secondVideo;
-        bool scte35Processing;
-        Qb::uint32 inputLabels;
-        // Index 0: a first card of the type; 1: a second one.
-        bool mpegIpRcv[2];
-        bool dvbS2In[2];
-        bool vsbIn[2];
-        bool turboPskIn[2];
-        bool biss;
-        bool multiServiceDescrambling;
-        // Per CAM slot, in slot order (".1" top, ".2" bottom).
-        std::vector<bool> camSlotMultiService;
-        bool camSlot;
-        bool scte35Service;
-        bool esam;
-        bool cueTrigger;
-        bool mpegIpTxFec;
-        bool inbandControl;
-        bool mpegIpTx;
-        bool tsInputSrc;
-        bool tsOutputSrc;
-        bool cardFrame;
-    };
+    using Capabilities_t = ::Capabilities_t;
 
     CTavScreenCreator();
     virtual ~CTavScreenCreator();
@@ -86,6 +55,7 @@ protected:
 private:
     bool Present(const std::string& subsystem);
     Qb::uint32 Count(const std::string& subsystem);
+    std::vector<std::string> Instances(const std::string& subsystem);
     bool IsTrue(const char* name, const char* instance);
     Qb::uint32 Number(const char* name, const char* instance);
 };

@@ -21,7 +21,7 @@
 
 namespace {
 
-const CLineSpec kSettings[] = {
+const CRow kSettings[] = {
     Entry("Alias: ", "unitAlias", ".0", CharSet::Printable, 20),
     List("Syslog: ", "syslogTransmissionState", ".0", {"Enabled", "Disabled"}),
 };

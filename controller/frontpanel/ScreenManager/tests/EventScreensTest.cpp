@@ -30,7 +30,7 @@ bool WaitFor(const std::function<bool()>& done, int ms = 5000)
     return true;
 }
 
-const CLineSpec kSettings[] = {
+const CRow kSettings[] = {
     Entry("Alias: ", "unitAlias", ".0", CharSet::Printable, 20),
     List("Syslog: ", "syslogTransmissionState", ".0", {"Enabled", "Disabled"}),
     Entry("NTP: ", "datetimeNtpServer", ".0", CharSet::HostName, 15).ReadOnly(),

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "Lines/GenericLine.h"
-#include "ScreenManager/LineSpec.h"
+#include "ScreenManager/Rows.h"
 #include "ScreenManager/MenuStyleBasic.h"
 #include "ScreenManager/TableScreen.h"
 #include "Zor/Param.h"
@@ -45,24 +45,24 @@ TEST(LineSpecTest, NumbersAreFormattedOnlyThroughOneCheckedConversion)
 
 TEST(LineSpecTest, ShownTextsOfStatusRows)
 {
-    CLineSpec volts = Text("12V: ", "sensor12V", ".0", "%.2f");
+    CRow volts = Text("12V: ", "sensor12V", ".0", "%.2f");
     EXPECT_EQ(volts.Shown(Zor::CParam::Double(12.06)), "12.06");
     EXPECT_EQ(volts.Shown(Zor::CParam::String("n/a")), "n/a");  // not a number: as it is
     EXPECT_EQ(volts.Shown(Zor::CParam()), "");
 
-    CLineSpec rate = Text("Bitrate: ", "tsinputsrcTsBitrate", ".1", "%2.3f").Scale(1e-6).Unit(" Mbps");
+    CRow rate = Text("Bitrate: ", "tsinputsrcTsBitrate", ".1", "%2.3f").Scale(1e-6).Unit(" Mbps");
     EXPECT_EQ(rate.Shown(Zor::CParam::Int(38000000)), "38.000 Mbps");
 
-    CLineSpec sync = Text("TS Sync: ", "tsinputsrcTsSync", ".1").Map({{"1", "Locked"}}).Missing("Unlocked");
+    CRow sync = Text("TS Sync: ", "tsinputsrcTsSync", ".1").Map({{"1", "Locked"}}).Missing("Unlocked");
     EXPECT_EQ(sync.Shown(Zor::CParam::String("1")), "Locked");
     EXPECT_EQ(sync.Shown(Zor::CParam::String("")), "Unlocked");
 
-    CLineSpec errors = Text("Corr FEC Errors: ", "vsbinCorrectableFecErrors", ".1", "%d").Clip(">99999999");
+    CRow errors = Text("Corr FEC Errors: ", "vsbinCorrectableFecErrors", ".1", "%d").Clip(">99999999");
     EXPECT_EQ(errors.Shown(Zor::CParam::Int(99999999)), "99999999");
     EXPECT_EQ(errors.Shown(Zor::CParam::Int(100000000)), ">99999999");
 
     // A list shown on a status page shows the entry text of a controller value.
-    CLineSpec primary = List("Primary: ", "inputPrimarySrc", ".1.1", {}).Choice("ASI", "167771907");
+    CRow primary = List("Primary: ", "inputPrimarySrc", ".1.1", {}).Choice("ASI", "167771907");
     EXPECT_EQ(primary.Shown(Zor::CParam::String("167771907")), "ASI");
 }
 
@@ -87,7 +87,7 @@ TEST(LineTableTest, RowsPerInstanceAreMadeAgainOnlyWhenTheInstancesChange)
     EXPECT_TRUE(table.Make(style, Temperatures({".1", ".2", ".4"})));
     EXPECT_EQ(style.GetLines().GetCount(), 4);
     EXPECT_EQ(style.GetLines().GetLine(3)->GetLabel(), "Sensor 4: ");
-    table.Fill(Temperatures({".1", ".2", ".4"}), false);
+    table.Fill(style, Temperatures({".1", ".2", ".4"}), false);
     EXPECT_EQ(style.GetLines().GetLine(3)->GetValue(), "40.50");
 }
 
