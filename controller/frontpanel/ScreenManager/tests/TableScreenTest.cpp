@@ -1,7 +1,10 @@
 // The declarative rows: shown texts of values, and the lines a table makes.
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "Lines/GenericLine.h"
+#include "Lines/LineContainer.h"
 #include "ScreenManager/Rows.h"
 #include "ScreenManager/MenuStyleBasic.h"
 #include "ScreenManager/TableScreen.h"
@@ -26,7 +29,7 @@ Zor::CParam Temperatures(std::initializer_list<const char*> instances)
 
 }  // namespace
 
-TEST(LineSpecTest, NumbersAreFormattedOnlyThroughOneCheckedConversion)
+TEST(RowsTest, NumbersAreFormattedOnlyThroughOneCheckedConversion)
 {
     EXPECT_EQ(Formatted("%.2f", "12.06"), "12.06");
     EXPECT_EQ(Formatted("%.2f", "41.5"), "41.50");
@@ -43,7 +46,7 @@ TEST(LineSpecTest, NumbersAreFormattedOnlyThroughOneCheckedConversion)
         EXPECT_EQ(Formatted("%.2f", text), "(refused)") << text;
 }
 
-TEST(LineSpecTest, ShownTextsOfStatusRows)
+TEST(RowsTest, ShownTextsOfStatusRows)
 {
     CRow volts = Text("12V: ", "sensor12V", ".0", "%.2f");
     EXPECT_EQ(volts.Shown(Zor::CParam::Double(12.06)), "12.06");
@@ -112,4 +115,78 @@ TEST(LineTableTest, EditableRowsAreBoundToTheCardInstanceAndTextRowsAreNot)
     EXPECT_FALSE(pLevel->IsBound());
     EXPECT_EQ(style.GetLines().GetTarget(2), "DVB-S2 1 Status");
     EXPECT_EQ(style.GetLines().GetTarget(0), "No Screen");
+}
+
+namespace {
+
+// values[object][instance] = text, from {object, instance, text} triples.
+Zor::CParam Values(std::initializer_list<std::array<const char*, 3>> triples)
+{
+    Zor::CParam values(Zor::PT_MAP);
+    for (const auto& t : triples)
+        values[t[0]][t[1]] = Zor::CParam::String(t[2]);
+    return values;
+}
+
+std::vector<std::string> Shown(CMenuStyleBasic& style)
+{
+    std::vector<std::string> rows;
+    CLineContainer& lines = style.GetLines();
+    for (int i = 0; i < lines.GetCount(); ++i)
+        rows.push_back(lines.GetLine(i)->GetLabel() + lines.GetLine(i)->GetValue());
+    return rows;
+}
+
+}  // namespace
+
+TEST(LineTableTest, RowsFollowTheValuesTheyDependOn)
+{
+    CMenuStyleBasic style;
+    CLineTable table(
+        {
+            Target("Lock Front Panel", "Lock").LabelBy("lockMode", ".0", {{"2", "Unlock Front Panel"}}),
+            Target("Never", "Never").When(false),
+            Text("Primary: ", "primarySrc", ".1").From("srcLabel", "srcId").Unknown("Unknown"),
+            Text("C/N: ", "cn", ".1", "%.1f").Instead("lock", ".1", "Unlocked", "--").Unit(" dB"),
+            Text("Delay: ", "delay", ".1").ShownWhen("mode", ".1", {"Delay"}),
+            Show("Size: ", ".1", {"w", "h"}, [](const CRowValues& v) { return v("w") + "x" + v("h"); }),
+            Record("rowStatus", ".1.4.").Empty("<<None>>"),
+            Text("IP: ", "address", kEach),
+            Command("Remove", "rowStatus", kEach, "6"),
+            EndRecord(),
+        },
+        false);
+    Zor::CParam values = Values({{"lockMode", ".0", "1"},
+                                 {"srcLabel", ".1", "ASI"},
+                                 {"srcId", ".1", "101"},
+                                 {"srcLabel", ".2", "IP"},  // no id: cannot be chosen
+                                 {"primarySrc", ".1", "101"},
+                                 {"cn", ".1", "7.25"},
+                                 {"lock", ".1", "Locked"},
+                                 {"mode", ".1", "Size"},
+                                 {"w", ".1", "1920"},
+                                 {"h", ".1", "1080"}});
+    EXPECT_EQ(table.Requests(),
+              std::vector<std::string>({"lockMode.0", "primarySrc.1", "srcLabel.%", "srcId.%", "cn.1", "lock.1",
+                                        "delay.1", "mode.1", "w.1", "h.1", "rowStatus.%", "address.%"}));
+    ASSERT_TRUE(table.Make(style, values));
+    table.Fill(style, values, true);
+    EXPECT_EQ(Shown(style), std::vector<std::string>({"Lock Front Panel", "Primary: ASI", "C/N: 7.2 dB",
+                                                      "Size: 1920x1080", "<<None>>"}));
+
+    values = Values({{"lockMode", ".0", "2"},
+                     {"primarySrc", ".1", "999"},
+                     {"lock", ".1", "Unlocked"},
+                     {"mode", ".1", "Delay"},
+                     {"delay", ".1", "40"},
+                     {"rowStatus", ".1.4.10.0.0.1", "1"},
+                     {"address", ".1.4.10.0.0.1", "10.0.0.1"},
+                     {"rowStatus", ".2.4.10.0.0.9", "1"}});  // not under ".1.4."
+    EXPECT_TRUE(table.Make(style, values));  // a record came: the rows are made again
+    table.Fill(style, values, false);
+    EXPECT_EQ(Shown(style), std::vector<std::string>({"Unlock Front Panel", "Primary: Unknown", "C/N: --",
+                                                      "Delay: 40", "Size: x", "IP: 10.0.0.1", "Remove"}));
+    CGenericLine* pRemove = style.GetLines().GetLine(6);
+    EXPECT_EQ(pRemove->GetObjectName() + pRemove->GetObjectInstance(), "rowStatus.1.4.10.0.0.1");
+    EXPECT_FALSE(table.Make(style, values));
 }
