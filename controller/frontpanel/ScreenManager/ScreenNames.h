@@ -50,6 +50,14 @@ constexpr const char* kChangePanelPassword = "Change Panel Password";
 constexpr const char* kProfileStatus = "Profile Status";
 constexpr const char* kProfileConfig = "Profile Config";
 
+// Inputs and T2-MI
+
+// Conditional access
+
+// Decoding and processing
+
+// Outputs
+
 // Per MPEG/IP card (numbered from 1 in slot order) and port.
 inline std::string MpegIpPort(int card, int port)
 {

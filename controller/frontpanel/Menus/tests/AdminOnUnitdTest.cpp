@@ -1,0 +1,160 @@
+// The administration branch as start-up builds it, on the panel and a real unitd: what
+// each kind of edit writes, rows created and removed by address, staged network settings
+// discarded or applied, and the factory reset's question.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <thread>
+
+#include "Client/TavClient.h"
+#include "Controller.h"
+#include "PanelTest.h"
+#include "Paths.h"
+#include "ScreenManager/TavScreenCreator.h"
+#include "Zor/Zor.h"
+
+namespace {
+
+class AdminOnUnitdTest : public PanelTest::CPanelTest {
+protected:
+    void SetUp() override
+    {
+        if (std::string(e2e::kUnitdPath).empty())
+            GTEST_SKIP() << "unitd is not built";
+        std::string error;
+        m_pUnitd.reset(new e2e::CUnitServer("full.json"));
+        ASSERT_TRUE(m_pUnitd->Start(&error)) << error;
+        m_pZor.reset(new Zor::CZorClient("zor.fp", m_pUnitd->Target()));
+        m_pClient.reset(new CTavClient(m_pZor.get()));
+        m_pManager.reset(new CTavScreenManager(nullptr, &Rig().Display(), m_pClient.get()));
+        m_creator.CreateScreens(m_pManager.get(), m_pClient.get());
+    }
+    void TearDown() override
+    {
+        m_pManager.reset();  // screens first: they may still be subscribed
+        m_pClient.reset();
+        m_pZor.reset();
+    }
+
+    void Show(const std::string& name) { m_pManager->ShowScreenLocked(name); }
+    void Press(std::initializer_list<int> keys)
+    {
+        for (int key : keys) {
+            KeyPress_t press = {key, KEY_STATE_DOWN};
+            m_pManager->RouteKey(press);
+        }
+    }
+    ::testing::AssertionResult PanelShows(const std::string& text, bool shown = true, int ms = 10000)
+    {
+        auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
+        for (;;) {
+            std::string panel = Panel();
+            if ((panel.find(text) != std::string::npos) == shown)
+                return ::testing::AssertionSuccess();
+            if (std::chrono::steady_clock::now() > end)
+                return ::testing::AssertionFailure() << (shown ? "no \"" : "still \"") << text << "\" on\n" << panel;
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+    }
+    // The values the panel wrote to an object since a point of the journal.
+    std::vector<std::string> Written(const std::string& name, int since)
+    {
+        std::vector<std::string> values;
+        for (const auto& write : m_pUnitd->WritesOf(name, since))
+            values.push_back(write["instance"].get<std::string>() + "=" + write["value"].get<std::string>());
+        return values;
+    }
+    using Writes = std::vector<std::string>;
+
+    std::unique_ptr<e2e::CUnitServer> m_pUnitd;
+    std::unique_ptr<Zor::CZorClient> m_pZor;
+    std::unique_ptr<CTavClient> m_pClient;
+    std::unique_ptr<CTavScreenManager> m_pManager;
+    CTavScreenCreator m_creator;
+};
+
+}  // namespace
+
+TEST_F(AdminOnUnitdTest, EachKindOfEditIsWrittenOnceAndRowsFollowIt)
+{
+    int since = m_pUnitd->NextWrite();
+    Show("Admin");
+    Press({KEY_UP, KEY_ENTER, KEY_UP, KEY_ENTER});  // the last line: "Enable UID: "
+    EXPECT_EQ(Written("unitUidLed", since), Writes({".0=Enabled"}));
+    EXPECT_TRUE(PanelShows("Enable UID: Enabled"));
+
+    // The lock entry is named after the mode.
+    ASSERT_TRUE(m_pUnitd->Set("frontpanelLockMode", ".0", 2, false).value("ok", false));
+    Show("Home");
+    Show("Admin");
+    Press({KEY_UP, KEY_UP, KEY_UP, KEY_UP, KEY_UP, KEY_UP});
+    EXPECT_TRUE(PanelShows("Unlock Front Panel"));
+    ASSERT_TRUE(m_pUnitd->Set("frontpanelLockMode", ".0", 1, false).value("ok", false));
+
+    // Setting the clock by hand offers the date and time rows, after the user's own edit.
+    Show("Configure Date/Time");
+    EXPECT_TRUE(PanelShows("Set Date:", false));
+    since = m_pUnitd->NextWrite();
+    Press({KEY_ENTER, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("datetimeUpdateMode", since), Writes({".0=Manual"}));
+    EXPECT_TRUE(PanelShows("Set Date:"));
+}
+
+TEST_F(AdminOnUnitdTest, SyslogReceiversAreAddedByAddressAndRemoved)
+{
+    Show("Syslog Configuration");
+    ASSERT_TRUE(PanelShows("IP: 10.20.0.15"));
+    int since = m_pUnitd->NextWrite();
+    // "Add Receiver: " is the last row; the last digit of 000.000.000.000 becomes 1.
+    Press({KEY_UP, KEY_ENTER});
+    for (int i = 0; i < 11; ++i)
+        Press({KEY_RIGHT});
+    Press({KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("syslogreceiverRowStatus", since), Writes({".1.4.0.0.0.1=4"}));
+    EXPECT_TRUE(PanelShows("Add Receiver: 0.0.0.0"));
+
+    // The new receiver's rows come between the others and the add row; "Remove" takes it.
+    Press({KEY_UP, KEY_UP});
+    EXPECT_TRUE(PanelShows("IP: 0.0.0.1"));
+    since = m_pUnitd->NextWrite();
+    Press({KEY_ENTER});
+    EXPECT_EQ(Written("syslogreceiverRowStatus", since), Writes({".1.4.0.0.0.1=6"}));
+    EXPECT_TRUE(PanelShows("IP: 0.0.0.1", false));
+}
+
+TEST_F(AdminOnUnitdTest, StagedNetworkEditsAreDiscardedOnExitOrAppliedTogether)
+{
+    Show("Configure Network");
+    ASSERT_TRUE(PanelShows("DHCP: Disabled"));
+    int since = m_pUnitd->NextWrite();
+    Press({KEY_DOWN, KEY_ENTER, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("tcpipNewIpMode", since), Writes({".0=Enabled"}));
+    Press({KEY_EXIT});
+    EXPECT_EQ(Written("tcpipNewIpMode", since), Writes({".0=Enabled", ".0=Disabled"}));
+    EXPECT_EQ(m_pManager->GetCurrentName(), "Unit Networking");
+
+    Show("Configure Network");
+    since = m_pUnitd->NextWrite();
+    Press({KEY_DOWN, KEY_ENTER, KEY_UP, KEY_ENTER, KEY_UP, KEY_UP, KEY_ENTER});  // DHCP, then "Apply"
+    EXPECT_EQ(Written("tcpipApplyNew", since), Writes({".0=true"}));
+    EXPECT_TRUE(PanelShows("DHCP: Enabled (Busy)"));
+    EXPECT_TRUE(PanelShows("(Busy)", false));
+    EXPECT_EQ(m_pUnitd->Get("tcpipIpMode.0")["tcpipIpMode"][".0"], "Enabled");
+    Press({KEY_EXIT});  // nothing left to discard
+    EXPECT_EQ(Written("tcpipNewIpMode", since), Writes({".0=Enabled"}));
+}
+
+TEST_F(AdminOnUnitdTest, ResetAllSettingsAsksAndNoChangesNothing)
+{
+    Show("Reset All Settings");
+    int since = m_pUnitd->NextWrite();
+    Press({KEY_ENTER});  // "No" is offered first
+    EXPECT_EQ(m_pManager->GetCurrentName(), "Admin");
+    EXPECT_TRUE(Written("utilityResetSettings", since).empty());
+
+    Show("Reset All Settings");
+    Press({KEY_LEFT, KEY_ENTER});
+    EXPECT_EQ(Written("utilityResetSettings", since), Writes({".0=true"}));
+    EXPECT_EQ(Written("utilityRebootUnit", since), Writes({".0=true"}));
+}
