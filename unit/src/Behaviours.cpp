@@ -172,6 +172,15 @@ std::string CVirtualUnit::RunHookLocked(const std::string& name, const COid& oid
     if (name == "utilityResetSettings" && value.ToInt64(0) != 0) {
         ResetSettingsLocked(plan);
     }
+    if (name == "frontpanelLockMode") {
+        // The receiver reports the lock it applied: the mode as last written.
+        auto status = m_objects.find("frontpanelLockStatus");
+        CParam converted;
+        if (status != m_objects.end() && status->second.values.count(oid) != 0 &&
+            ConvertValue(status->first, status->second, value, converted).empty()) {
+            plan.after.push_back(Change_t{status->first, oid, converted});
+        }
+    }
     ResetHookLocked(name, oid, value, plan);
     return "";
 }

@@ -154,7 +154,7 @@ TEST(Behaviours, RowsAreCreatedAndDestroyedAcrossTheirTable)
     EXPECT_EQ(unit->Get({"alarmlogText.%"})["alarmlogText"].Length(), 1);
 }
 
-TEST(Behaviours, StagedSettingsCountersSwitchOverAndReboot)
+TEST(Behaviours, StagedSettingsLockStatusCountersAndReboot)
 {
     auto unit = Small();
     CChangeLog log(unit);
@@ -162,6 +162,14 @@ TEST(Behaviours, StagedSettingsCountersSwitchOverAndReboot)
     EXPECT_EQ(unit->GetOne("tcpipIpAddress", COid(".0")).Val().ToString(""), "10.0.0.2");
     ASSERT_TRUE(Write(*unit, "tcpipApplyNew", ".0", "1").Success());
     EXPECT_EQ(unit->GetOne("tcpipIpAddress", COid(".0")).Val().ToString(""), "10.0.0.9");
+
+    // The reported lock status follows every accepted write of the mode, and only those.
+    ASSERT_TRUE(Write(*unit, "frontpanelLockMode", ".0", "3").Success());
+    EXPECT_EQ(unit->GetOne("frontpanelLockStatus", COid(".0")).Val().ToInt32(-1), 3);
+    EXPECT_FALSE(Write(*unit, "frontpanelLockMode", ".0", "4").Success());
+    EXPECT_EQ(unit->GetOne("frontpanelLockStatus", COid(".0")).Val().ToInt32(-1), 3);
+    ASSERT_TRUE(Write(*unit, "frontpanelLockMode", ".0", "3").Success());
+    EXPECT_EQ(log.Log().back(), "frontpanelLockStatus.0=3") << "announced even when unchanged";
 
     ASSERT_TRUE(Write(*unit, "tsinputsrcResetCounters", ".2.1", "1").Success());
     EXPECT_EQ(unit->GetOne("tsinputsrcErrorCount", COid(".2.1")).Val().ToInt32(-1), 0);
