@@ -14,6 +14,7 @@ namespace {
 
 const char kProfileList[] = "profilelistName";
 const size_t kProfileNameMax = 32;
+const char kStagedNetwork[] = "tcpipNew";
 
 bool EndsWith(const std::string& s, const std::string& tail)
 {
@@ -163,8 +164,11 @@ std::string CVirtualUnit::RunHookLocked(const std::string& name, const COid& oid
     if (EndsWith(name, "RowStatus")) {
         return RowStatusHookLocked(name, oid, value, plan);
     }
-    if (name == "tcpipApplyNew" && value.ToInt64(0) != 0) {
-        StagedApplyLocked(plan);
+    if (name == "tcpipApplyNew" || StartsWith(name, kStagedNetwork)) {
+        std::string msg = NetworkHookLocked(name, oid, value, plan);
+        if (!msg.empty()) {
+            return msg;
+        }
     }
     if (name == "inputManualSwitchover" && value.ToInt64(0) != 0) {
         SwitchOverLocked(oid, plan);
@@ -337,25 +341,56 @@ std::string CVirtualUnit::RowStatusHookLocked(const std::string& name, const COi
     return "";
 }
 
-void CVirtualUnit::StagedApplyLocked(Plan_t& plan)
+std::string CVirtualUnit::NetworkHookLocked(const std::string& name, const COid& oid, const CParam& value,
+                                           Plan_t& plan)
 {
-    // "tcpipNewX" holds the staged value of "tcpipX".
+    // While the receiver brings its interface up with the staged settings, "tcpipApplyNew"
+    // reads true and the staged settings stay as they are being applied.
+    if (m_bNetworkApplying) {
+        return name + ": the network settings are being applied";
+    }
+    if (name != "tcpipApplyNew" || value.ToInt64(0) == 0) {
+        return "";
+    }
+    int ms = BehaviourInt("networkApplyMs", 1500);
+    if (ms <= 0) {
+        // At once, yet after the transaction's other writes: settings staged with the apply count.
+        plan.onCommit.push_back([this, oid] { FinishNetworkApplyLocked(oid); });
+        return "";
+    }
+    plan.onCommit.push_back([this] { m_bNetworkApplying = true; });
+    plan.timed.emplace_back(static_cast<uint32_t>(ms), [this, oid] { FinishNetworkApplyLocked(oid); });
+    return "";
+}
+
+void CVirtualUnit::FinishNetworkApplyLocked(const COid& oid)
+{
+    // "tcpipNewX" holds the staged value of "tcpipX"; only the settings that change are announced.
+    std::vector<Change_t> changes;
     for (const auto& obj : m_objects) {
-        if (!StartsWith(obj.first, "tcpipNew")) {
+        if (!StartsWith(obj.first, kStagedNetwork)) {
             continue;
         }
-        std::string live = "tcpip" + obj.first.substr(std::string("tcpipNew").size());
+        std::string live = "tcpip" + obj.first.substr(std::string(kStagedNetwork).size());
         auto target = m_objects.find(live);
         if (target == m_objects.end()) {
             continue;
         }
         for (const auto& v : obj.second.values) {
             CParam converted;
-            if (ConvertValue(live, target->second, v.second, converted).empty()) {
-                plan.after.push_back(Change_t{live, v.first, converted});
+            auto now = target->second.values.find(v.first);
+            if (ConvertValue(live, target->second, v.second, converted).empty() &&
+                (now == target->second.values.end() || now->second != converted)) {
+                changes.push_back(Change_t{live, v.first, converted});
             }
         }
     }
+    for (const auto& c : changes) {
+        CommitLocked(c);
+    }
+    // Last, so that a panel waiting for the apply to end reads the new settings.
+    InternalSetLocked("tcpipApplyNew", oid, CParam::Int(0));
+    m_bNetworkApplying = false;
 }
 
 void CVirtualUnit::SwitchOverLocked(const COid& oid, Plan_t& plan)

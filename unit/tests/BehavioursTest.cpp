@@ -154,15 +154,39 @@ TEST(Behaviours, RowsAreCreatedAndDestroyedAcrossTheirTable)
     EXPECT_EQ(unit->Get({"alarmlogText.%"})["alarmlogText"].Length(), 1);
 }
 
-TEST(Behaviours, StagedSettingsLockStatusCountersAndReboot)
+TEST(Behaviours, NetworkApplyIsBusyThenAppliesTheStagedSettings)
+{
+    auto unit = Small();
+    auto value = [&](const char* name) { return unit->GetOne(name, COid(".0")).Val().ToString(""); };
+    CChangeLog log(unit);
+    ASSERT_TRUE(Write(*unit, "tcpipNewIpAddress", ".0", "10.0.0.9").Success());
+    ASSERT_TRUE(Write(*unit, "tcpipApplyNew", ".0", "true").Success());
+    EXPECT_EQ(value("tcpipApplyNew"), "true");
+    EXPECT_EQ(value("tcpipIpAddress"), "10.0.0.2");
+    EXPECT_EQ(Write(*unit, "tcpipNewIpAddress", ".0", "10.0.0.7").Msg(),
+              "tcpipNewIpAddress: the network settings are being applied");
+    EXPECT_FALSE(Write(*unit, "tcpipApplyNew", ".0", "true").Success());
+    ASSERT_TRUE(log.WaitFor("tcpipApplyNew.0=false"));
+    // The new address is there before the flag falls; the unchanged netmask is not announced.
+    EXPECT_EQ(log.Log(), (std::vector<std::string>{"tcpipNewIpAddress.0=10.0.0.9", "tcpipApplyNew.0=true",
+                                                   "tcpipIpAddress.0=10.0.0.9", "tcpipApplyNew.0=false"}));
+
+    // At once, with settings staged in the same transaction.
+    std::string error;
+    ASSERT_TRUE(unit->SetBehaviour("networkApplyMs", Zor::Json(0), error)) << error;
+    ASSERT_TRUE(unit->Transaction("zor.fp",
+                                  {{"tcpipNewIpAddress", ".0", CParam::String("10.0.0.7")},
+                                   {"tcpipApplyNew", ".0", CParam::String("1")}},
+                                  false)
+                    .Success());
+    EXPECT_EQ(value("tcpipIpAddress"), "10.0.0.7");
+    EXPECT_EQ(value("tcpipApplyNew"), "false");
+}
+
+TEST(Behaviours, LockStatusCountersAndReboot)
 {
     auto unit = Small();
     CChangeLog log(unit);
-    ASSERT_TRUE(Write(*unit, "tcpipNewIpAddress", ".0", "10.0.0.9").Success());
-    EXPECT_EQ(unit->GetOne("tcpipIpAddress", COid(".0")).Val().ToString(""), "10.0.0.2");
-    ASSERT_TRUE(Write(*unit, "tcpipApplyNew", ".0", "1").Success());
-    EXPECT_EQ(unit->GetOne("tcpipIpAddress", COid(".0")).Val().ToString(""), "10.0.0.9");
-
     // The reported lock status follows every accepted write of the mode, and only those.
     ASSERT_TRUE(Write(*unit, "frontpanelLockMode", ".0", "3").Success());
     EXPECT_EQ(unit->GetOne("frontpanelLockStatus", COid(".0")).Val().ToInt32(-1), 3);

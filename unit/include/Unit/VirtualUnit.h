@@ -115,7 +115,7 @@ private:
         std::vector<Change_t> after;                              // applied right after the writes
         std::vector<std::pair<std::string, Zor::COid>> removals;  // instances that go away
         std::vector<std::pair<uint32_t, Action>> timed;           // later steps
-        std::vector<Action> onCommit;                             // state kept by the behaviours
+        std::vector<Action> onCommit;  // state kept by the behaviours; steps that need the writes applied
     };
 
     CVirtualUnit();
@@ -138,7 +138,9 @@ private:
                          Plan_t& plan);
     std::string RowStatusHookLocked(const std::string& name, const Zor::COid& oid, const Zor::CParam& value,
                                     Plan_t& plan);
-    void StagedApplyLocked(Plan_t& plan);
+    std::string NetworkHookLocked(const std::string& name, const Zor::COid& oid, const Zor::CParam& value,
+                                  Plan_t& plan);
+    void FinishNetworkApplyLocked(const Zor::COid& oid);
     void SwitchOverLocked(const Zor::COid& oid, Plan_t& plan);
     void ResetSettingsLocked(Plan_t& plan);
     void TickClockLocked();
@@ -163,6 +165,7 @@ private:
     bool m_bStop = false;
     bool m_bUpdating = false;  // an image update sequence runs
     bool m_bApplying = false;  // a profile apply sequence runs
+    bool m_bNetworkApplying = false;  // staged network settings are being applied
     std::thread m_scheduler;
 };
 
