@@ -235,6 +235,36 @@ TEST(Behaviours, ClockTicksInTheConfiguredFormat)
     EXPECT_FALSE(log.Log().empty());
 }
 
+TEST(Behaviours, ClockSetByHandTicksOnAndNtpKeepsItsOwn)
+{
+    std::string error;
+    auto unit = CVirtualUnit::FromText(R"({"behaviours": {"datetimeFormat": "%m/%d/%Y %H:%M:%S"},
+        "objects": {"datetimeNow": {"type": "string", "values": {".0": ""}},
+                    "datetimeUpdateMode": {"type": "enum", "texts": ["Manual", "NTP"], "values": {".0": "NTP"}}}})",
+                                       error);
+    ASSERT_TRUE(unit) << error;
+    auto now = [&] { return unit->GetOne("datetimeNow", COid(".0")).Val().ToString(""); };
+    EXPECT_EQ(Write(*unit, "datetimeNow", ".0", "02/28/2027 23:59:59").Msg(),
+              "datetimeNow: the clock is set by NTP (datetimeUpdateMode); set the mode to Manual first");
+    CChangeLog log(unit);
+    // The mode written first in the same transaction counts.
+    ASSERT_TRUE(unit->Transaction("zor.fp",
+                                  {{"datetimeUpdateMode", ".0", CParam::String("Manual")},
+                                   {"datetimeNow", ".0", CParam::String("02/28/2027 23:59:59")}},
+                                  false)
+                    .Success());
+    EXPECT_EQ(now(), "02/28/2027 23:59:59");
+    EXPECT_TRUE(log.WaitFor("datetimeNow.0=03/01/2027 00:00:00", 1500));
+    for (const char* bad : {"02/29/2027 10:00:00", "13/01/2027 10:00:00", "1/02/2027 10:00:00",
+                            "01/02/2027 24:00:00", "01/02/2027 10:00", "01/02/2027 10:00:00 ", ""}) {
+        EXPECT_EQ(Write(*unit, "datetimeNow", ".0", bad).Msg(),
+                  std::string("datetimeNow: \"") + bad + "\" is not a date and time as MM/DD/YYYY hh:mm:ss");
+    }
+    // Back under NTP the unit's own time returns at once.
+    ASSERT_TRUE(Write(*unit, "datetimeUpdateMode", ".0", "NTP").Success());
+    EXPECT_NE(now().substr(0, 10), "03/01/2027");
+}
+
 // Settings changed at run time steer the next operation; a value no int can hold is unset.
 TEST(Behaviours, SettingsChangedAtRunTimeSteerTheNextOperation)
 {
