@@ -86,6 +86,24 @@ std::string ClockPattern(const std::string& format)
     return out;
 }
 
+// A row index ending in address type 1 (IPv4), length 4 and the address: "a.b.c.d".
+bool AddressOfRow(const COid& row, std::string& address)
+{
+    const std::vector<uint32_t>& d = row.Digits();
+    const size_t n = d.size();
+    if (n < 6 || d[n - 6] != 1 || d[n - 5] != 4) {
+        return false;
+    }
+    address.clear();
+    for (size_t i = n - 4; i < n; ++i) {
+        if (d[i] > 255) {
+            return false;
+        }
+        address += (i == n - 4 ? "" : ".") + std::to_string(d[i]);
+    }
+    return true;
+}
+
 CParam DefaultValue(const ObjectDef_t& def)
 {
     switch (def.type) {
@@ -429,9 +447,23 @@ std::string CVirtualUnit::RowStatusHookLocked(const std::string& name, const COi
         if (exists) {
             return name + ": row " + oid.OidStr() + " already exists";
         }
+        // A table with a text address column is keyed by that address, which the new row holds.
+        std::string addressColumn, address;
+        for (const auto& obj : m_objects) {
+            if (StartsWith(obj.first, table) && obj.second.type == OT_STRING &&
+                (EndsWith(obj.first, "Address") || EndsWith(obj.first, "Addr"))) {
+                addressColumn = obj.first;
+            }
+        }
+        if (!addressColumn.empty() && !AddressOfRow(oid, address)) {
+            return name + ": row " + oid.OidStr() +
+                   " does not end in an IPv4 address (1.4.a.b.c.d, each 0 to 255)";
+        }
         for (const auto& obj : m_objects) {
             if (StartsWith(obj.first, table) && obj.first != name && obj.second.values.count(oid) == 0) {
-                plan.after.push_back(Change_t{obj.first, oid, DefaultValue(obj.second)});
+                plan.after.push_back(Change_t{
+                    obj.first, oid,
+                    obj.first == addressColumn ? CParam::String(address) : DefaultValue(obj.second)});
             }
         }
         // The row reads active (1) or notInService (2) once created.

@@ -154,6 +154,34 @@ TEST(Behaviours, RowsAreCreatedAndDestroyedAcrossTheirTable)
     EXPECT_EQ(unit->Get({"alarmlogText.%"})["alarmlogText"].Length(), 1);
 }
 
+TEST(Behaviours, RowsKeyedByAnAddressHoldIt)
+{
+    auto unit = Small();
+    auto value = [&](const char* name, const char* row) {
+        return unit->GetOne(name, COid(row)).Val().ToString("?");
+    };
+    struct Row_t {
+        const char* status;
+        const char* row;
+        const char* column;
+        const char* address;
+    };
+    for (const Row_t& r :
+         {Row_t{"syslogreceiverRowStatus", ".1.4.10.20.0.16", "syslogreceiverIpAddress", "10.20.0.16"},
+          Row_t{"syslogreceiverRowStatus", ".1.4.0.0.0.255", "syslogreceiverIpAddress", "0.0.0.255"},
+          Row_t{"mpegipigmpRowStatus", ".2.1.1.4.10.50.1.12", "mpegipigmpAddr", "10.50.1.12"}}) {
+        ASSERT_TRUE(Write(*unit, r.status, r.row, "5").Success()) << r.row;
+        EXPECT_EQ(value(r.column, r.row), r.address);
+        EXPECT_EQ(value(r.status, r.row), "2");
+    }
+    EXPECT_EQ(value("syslogreceiverPort", ".1.4.10.20.0.16"), "1");
+    for (const char* row : {".1.4.10.20.0.256", ".1.4.300.1.1.1", ".1.6.10.20.0.1", ".4.10.20.0.1"}) {
+        EXPECT_EQ(Write(*unit, "syslogreceiverRowStatus", row, "4").Msg(),
+                  std::string("syslogreceiverRowStatus: row ") + row +
+                      " does not end in an IPv4 address (1.4.a.b.c.d, each 0 to 255)");
+    }
+}
+
 TEST(Behaviours, NetworkApplyIsBusyThenAppliesTheStagedSettings)
 {
     auto unit = Small();
