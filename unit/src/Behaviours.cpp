@@ -1,4 +1,5 @@
 // What the unit does, beyond storing values, where the screens depend on it.
+#include <chrono>
 #include <climits>
 #include <ctime>
 
@@ -14,6 +15,7 @@ namespace {
 
 const char kProfileList[] = "profilelistName";
 const size_t kProfileNameMax = 32;
+const char kStagedNetwork[] = "tcpipNew";
 
 bool EndsWith(const std::string& s, const std::string& tail)
 {
@@ -37,6 +39,67 @@ bool ValidProfileName(const std::string& name)
         if (!ok) {
             return false;
         }
+    }
+    return true;
+}
+
+std::string FormatClock(std::time_t seconds, const std::string& format)
+{
+    std::tm parts{};
+    gmtime_r(&seconds, &parts);
+    char buf[64];
+    size_t n = std::strftime(buf, sizeof buf, format.c_str(), &parts);
+    return std::string(buf, n);
+}
+
+// Only the text the clock itself would show: strptime alone takes "2/30" or "9:5:0".
+bool ParseClock(const std::string& text, const std::string& format, std::time_t& seconds)
+{
+    std::tm parts{};
+    const char* end = strptime(text.c_str(), format.c_str(), &parts);
+    if (end == nullptr || *end != '\0') {
+        return false;
+    }
+    seconds = timegm(&parts);
+    return FormatClock(seconds, format) == text;
+}
+
+// The clock's format as a person reads it: "%m/%d/%Y %H:%M:%S" is "MM/DD/YYYY hh:mm:ss".
+std::string ClockPattern(const std::string& format)
+{
+    static const std::pair<char, const char*> kFields[] = {{'m', "MM"}, {'d', "DD"}, {'Y', "YYYY"},
+                                                           {'y', "YY"}, {'H', "hh"}, {'M', "mm"},
+                                                           {'S', "ss"}, {'%', "%"}};
+    std::string out;
+    for (size_t i = 0; i < format.size(); ++i) {
+        const char* field = nullptr;
+        for (const auto& f : kFields) {
+            field = format[i] == '%' && i + 1 < format.size() && format[i + 1] == f.first ? f.second : field;
+        }
+        if (field != nullptr) {
+            out += field;
+            ++i;
+        } else {
+            out += format[i];
+        }
+    }
+    return out;
+}
+
+// A row index ending in address type 1 (IPv4), length 4 and the address: "a.b.c.d".
+bool AddressOfRow(const COid& row, std::string& address)
+{
+    const std::vector<uint32_t>& d = row.Digits();
+    const size_t n = d.size();
+    if (n < 6 || d[n - 6] != 1 || d[n - 5] != 4) {
+        return false;
+    }
+    address.clear();
+    for (size_t i = n - 4; i < n; ++i) {
+        if (d[i] > 255) {
+            return false;
+        }
+        address += (i == n - 4 ? "" : ".") + std::to_string(d[i]);
     }
     return true;
 }
@@ -110,45 +173,95 @@ void CVirtualUnit::StartBehaviours()
                            [this, oid, ready] { InternalSetLocked("systemState", oid, ready); });
         }
     }
-    auto tick = m_behaviours.find("datetimeTick");
-    if (HasObjectLocked("datetimeNow") &&
-        (tick == m_behaviours.end() || !tick->is_boolean() || tick->get<bool>())) {
-        TickClockLocked();
+    if (HasObjectLocked("datetimeNow") && ClockTicksLocked()) {
+        TickClockLocked(m_uClockChain);
     }
 }
 
-void CVirtualUnit::TickClockLocked()
+bool CVirtualUnit::ClockTicksLocked() const
+{
+    auto tick = m_behaviours.find("datetimeTick");
+    return tick == m_behaviours.end() || !tick->is_boolean() || tick->get<bool>();
+}
+
+std::string CVirtualUnit::ClockFormatLocked() const
+{
+    auto custom = m_behaviours.find("datetimeFormat");
+    return custom != m_behaviours.end() && custom->is_string() ? custom->get<std::string>()
+                                                               : "%Y-%m-%d %H:%M:%S";
+}
+
+void CVirtualUnit::TickClockLocked(uint32_t chain)
 {
     auto obj = m_objects.find("datetimeNow");
-    if (obj == m_objects.end()) {
+    if (obj == m_objects.end() || chain != m_uClockChain) {
         return;
     }
-    std::time_t now = std::time(nullptr);
-    CParam value;
-    if (obj->second.type == OT_INT) {
-        value = CParam::Int(static_cast<int64_t>(now));
-    } else {
-        auto custom = m_behaviours.find("datetimeFormat");
-        std::string format = custom != m_behaviours.end() && custom->is_string() ? custom->get<std::string>()
-                                                                                 : "%Y-%m-%d %H:%M:%S";
-        std::tm parts{};
-        gmtime_r(&now, &parts);
-        char buf[64];
-        size_t n = std::strftime(buf, sizeof buf, format.c_str(), &parts);
-        value = CParam::String(std::string(buf, n));
+    // Under NTP the unit keeps the system's time, and a clock set by hand is forgotten.
+    auto mode = m_objects.find("datetimeUpdateMode");
+    if (mode != m_objects.end() && mode->second.values.count(COid(".0")) != 0 &&
+        mode->second.values[COid(".0")].ToString("") == "NTP") {
+        m_bClockSet = false;
     }
+    std::time_t now = std::time(nullptr);
+    // Tick on the next whole second of the clock shown, so that it never skips one.
+    uint32_t delay = 1000;
+    if (m_bClockSet) {
+        auto ms = std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() -
+                                                                        m_clockSetAt)
+                      .count();
+        now = static_cast<std::time_t>(m_iClockSetTo + ms / 1000);
+        delay = 1000 - static_cast<uint32_t>(ms % 1000);
+    } else {
+        struct timespec ts {};
+        if (clock_gettime(CLOCK_REALTIME, &ts) == 0) {
+            now = ts.tv_sec;
+            delay = 1000 - static_cast<uint32_t>(ts.tv_nsec / 1000000) + 1;
+        }
+    }
+    CParam value = obj->second.type == OT_INT ? CParam::Int(static_cast<int64_t>(now))
+                                              : CParam::String(FormatClock(now, ClockFormatLocked()));
     for (const auto& v : obj->second.values) {
         if (v.second != value) {
             InternalSetLocked("datetimeNow", v.first, value);
         }
     }
-    // Tick on the next whole second, so the shown clock never skips one.
-    uint32_t delay = 1000;
-    struct timespec ts {};
-    if (clock_gettime(CLOCK_REALTIME, &ts) == 0) {
-        delay = 1000 - static_cast<uint32_t>(ts.tv_nsec / 1000000) + 1;
+    ScheduleLocked(delay, [this, chain] { TickClockLocked(chain); });
+}
+
+std::string CVirtualUnit::ClockHookLocked(const std::string& name, const COid& oid, const CParam& value,
+                                          Plan_t& plan)
+{
+    // The update mode as this transaction leaves it so far: "Manual" then the time may go together.
+    std::string mode;
+    auto stored = m_objects.find("datetimeUpdateMode");
+    if (stored != m_objects.end() && stored->second.values.count(oid) != 0) {
+        mode = stored->second.values[oid].ToString("");
     }
-    ScheduleLocked(delay, [this] { TickClockLocked(); });
+    for (const auto& w : plan.written) {
+        mode = w.name == "datetimeUpdateMode" && w.instance == oid ? w.value.ToString("") : mode;
+    }
+    if (mode == "NTP") {
+        return name + ": the clock is set by NTP (datetimeUpdateMode); set the mode to Manual first";
+    }
+    std::time_t seconds = 0;
+    if (m_objects[name].type == OT_INT) {
+        seconds = static_cast<std::time_t>(value.ToInt64(0));
+    } else if (!ParseClock(value.ToString(""), ClockFormatLocked(), seconds)) {
+        return name + ": \"" + value.ToString("") + "\" is not a date and time as " +
+               ClockPattern(ClockFormatLocked());
+    }
+    plan.onCommit.push_back([this, seconds] {
+        m_bClockSet = true;
+        m_iClockSetTo = static_cast<int64_t>(seconds);
+        m_clockSetAt = std::chrono::steady_clock::now();
+        // A new chain of ticks, a second after the written time.
+        uint32_t chain = ++m_uClockChain;
+        if (ClockTicksLocked()) {
+            ScheduleLocked(1000, [this, chain] { TickClockLocked(chain); });
+        }
+    });
+    return "";
 }
 
 std::string CVirtualUnit::RunHookLocked(const std::string& name, const COid& oid, const CParam& value,
@@ -163,14 +276,37 @@ std::string CVirtualUnit::RunHookLocked(const std::string& name, const COid& oid
     if (EndsWith(name, "RowStatus")) {
         return RowStatusHookLocked(name, oid, value, plan);
     }
-    if (name == "tcpipApplyNew" && value.ToInt64(0) != 0) {
-        StagedApplyLocked(plan);
+    if (name == "tcpipApplyNew" || StartsWith(name, kStagedNetwork)) {
+        std::string msg = NetworkHookLocked(name, oid, value, plan);
+        if (!msg.empty()) {
+            return msg;
+        }
     }
     if (name == "inputManualSwitchover" && value.ToInt64(0) != 0) {
         SwitchOverLocked(oid, plan);
     }
     if (name == "utilityResetSettings" && value.ToInt64(0) != 0) {
         ResetSettingsLocked(plan);
+    }
+    if (name == "datetimeNow") {
+        std::string msg = ClockHookLocked(name, oid, value, plan);
+        if (!msg.empty()) {
+            return msg;
+        }
+    }
+    if (name == "datetimeUpdateMode" && value.ToString("") == "NTP" && HasObjectLocked("datetimeNow") &&
+        ClockTicksLocked()) {
+        // A new chain of ticks at once: the clock shows the unit's own time from now on.
+        plan.onCommit.push_back([this] { TickClockLocked(++m_uClockChain); });
+    }
+    if (name == "frontpanelLockMode") {
+        // The receiver reports the lock it applied: the mode as last written.
+        auto status = m_objects.find("frontpanelLockStatus");
+        CParam converted;
+        if (status != m_objects.end() && status->second.values.count(oid) != 0 &&
+            ConvertValue(status->first, status->second, value, converted).empty()) {
+            plan.after.push_back(Change_t{status->first, oid, converted});
+        }
     }
     ResetHookLocked(name, oid, value, plan);
     return "";
@@ -311,9 +447,23 @@ std::string CVirtualUnit::RowStatusHookLocked(const std::string& name, const COi
         if (exists) {
             return name + ": row " + oid.OidStr() + " already exists";
         }
+        // A table with a text address column is keyed by that address, which the new row holds.
+        std::string addressColumn, address;
+        for (const auto& obj : m_objects) {
+            if (StartsWith(obj.first, table) && obj.second.type == OT_STRING &&
+                (EndsWith(obj.first, "Address") || EndsWith(obj.first, "Addr"))) {
+                addressColumn = obj.first;
+            }
+        }
+        if (!addressColumn.empty() && !AddressOfRow(oid, address)) {
+            return name + ": row " + oid.OidStr() +
+                   " does not end in an IPv4 address (1.4.a.b.c.d, each 0 to 255)";
+        }
         for (const auto& obj : m_objects) {
             if (StartsWith(obj.first, table) && obj.first != name && obj.second.values.count(oid) == 0) {
-                plan.after.push_back(Change_t{obj.first, oid, DefaultValue(obj.second)});
+                plan.after.push_back(Change_t{
+                    obj.first, oid,
+                    obj.first == addressColumn ? CParam::String(address) : DefaultValue(obj.second)});
             }
         }
         // The row reads active (1) or notInService (2) once created.
@@ -328,25 +478,56 @@ std::string CVirtualUnit::RowStatusHookLocked(const std::string& name, const COi
     return "";
 }
 
-void CVirtualUnit::StagedApplyLocked(Plan_t& plan)
+std::string CVirtualUnit::NetworkHookLocked(const std::string& name, const COid& oid, const CParam& value,
+                                            Plan_t& plan)
 {
-    // "tcpipNewX" holds the staged value of "tcpipX".
+    // While the receiver brings its interface up with the staged settings, "tcpipApplyNew"
+    // reads true and the staged settings stay as they are being applied.
+    if (m_bNetworkApplying) {
+        return name + ": the network settings are being applied";
+    }
+    if (name != "tcpipApplyNew" || value.ToInt64(0) == 0) {
+        return "";
+    }
+    int ms = BehaviourInt("networkApplyMs", 1500);
+    if (ms <= 0) {
+        // At once, yet after the transaction's other writes: settings staged with the apply count.
+        plan.onCommit.push_back([this, oid] { FinishNetworkApplyLocked(oid); });
+        return "";
+    }
+    plan.onCommit.push_back([this] { m_bNetworkApplying = true; });
+    plan.timed.emplace_back(static_cast<uint32_t>(ms), [this, oid] { FinishNetworkApplyLocked(oid); });
+    return "";
+}
+
+void CVirtualUnit::FinishNetworkApplyLocked(const COid& oid)
+{
+    // "tcpipNewX" holds the staged value of "tcpipX"; only the settings that change are announced.
+    std::vector<Change_t> changes;
     for (const auto& obj : m_objects) {
-        if (!StartsWith(obj.first, "tcpipNew")) {
+        if (!StartsWith(obj.first, kStagedNetwork)) {
             continue;
         }
-        std::string live = "tcpip" + obj.first.substr(std::string("tcpipNew").size());
+        std::string live = "tcpip" + obj.first.substr(std::string(kStagedNetwork).size());
         auto target = m_objects.find(live);
         if (target == m_objects.end()) {
             continue;
         }
         for (const auto& v : obj.second.values) {
             CParam converted;
-            if (ConvertValue(live, target->second, v.second, converted).empty()) {
-                plan.after.push_back(Change_t{live, v.first, converted});
+            auto now = target->second.values.find(v.first);
+            if (ConvertValue(live, target->second, v.second, converted).empty() &&
+                (now == target->second.values.end() || now->second != converted)) {
+                changes.push_back(Change_t{live, v.first, converted});
             }
         }
     }
+    for (const auto& c : changes) {
+        CommitLocked(c);
+    }
+    // Last, so that a panel waiting for the apply to end reads the new settings.
+    InternalSetLocked("tcpipApplyNew", oid, CParam::Int(0));
+    m_bNetworkApplying = false;
 }
 
 void CVirtualUnit::SwitchOverLocked(const COid& oid, Plan_t& plan)

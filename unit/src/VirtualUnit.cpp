@@ -446,7 +446,6 @@ std::string CVirtualUnit::CheckWriteLocked(const Write_t& write, bool force, COi
 CRet CVirtualUnit::ApplyLocked(const std::string& client, const std::vector<Write_t>& writes, bool force)
 {
     Plan_t plan;
-    std::vector<Change_t> changes;
     std::string failure;
     for (const auto& w : writes) {
         Change_t change;
@@ -455,7 +454,7 @@ CRet CVirtualUnit::ApplyLocked(const std::string& client, const std::vector<Writ
         if (!failure.empty()) {
             break;
         }
-        changes.push_back(change);
+        plan.written.push_back(change);
     }
     if (writes.empty()) {
         failure = "empty transaction";
@@ -477,7 +476,7 @@ CRet CVirtualUnit::ApplyLocked(const std::string& client, const std::vector<Writ
     if (!failure.empty()) {
         return CRet::Fail(failure);
     }
-    for (const auto& c : changes) {
+    for (const auto& c : plan.written) {
         CommitLocked(c);
     }
     for (const auto& c : plan.after) {

@@ -154,14 +154,74 @@ TEST(Behaviours, RowsAreCreatedAndDestroyedAcrossTheirTable)
     EXPECT_EQ(unit->Get({"alarmlogText.%"})["alarmlogText"].Length(), 1);
 }
 
-TEST(Behaviours, StagedSettingsCountersSwitchOverAndReboot)
+TEST(Behaviours, RowsKeyedByAnAddressHoldIt)
+{
+    auto unit = Small();
+    auto value = [&](const char* name, const char* row) {
+        return unit->GetOne(name, COid(row)).Val().ToString("?");
+    };
+    struct Row_t {
+        const char* status;
+        const char* row;
+        const char* column;
+        const char* address;
+    };
+    for (const Row_t& r :
+         {Row_t{"syslogreceiverRowStatus", ".1.4.10.20.0.16", "syslogreceiverIpAddress", "10.20.0.16"},
+          Row_t{"syslogreceiverRowStatus", ".1.4.0.0.0.255", "syslogreceiverIpAddress", "0.0.0.255"},
+          Row_t{"mpegipigmpRowStatus", ".2.1.1.4.10.50.1.12", "mpegipigmpAddr", "10.50.1.12"}}) {
+        ASSERT_TRUE(Write(*unit, r.status, r.row, "5").Success()) << r.row;
+        EXPECT_EQ(value(r.column, r.row), r.address);
+        EXPECT_EQ(value(r.status, r.row), "2");
+    }
+    EXPECT_EQ(value("syslogreceiverPort", ".1.4.10.20.0.16"), "1");
+    for (const char* row : {".1.4.10.20.0.256", ".1.4.300.1.1.1", ".1.6.10.20.0.1", ".4.10.20.0.1"}) {
+        EXPECT_EQ(Write(*unit, "syslogreceiverRowStatus", row, "4").Msg(),
+                  std::string("syslogreceiverRowStatus: row ") + row +
+                      " does not end in an IPv4 address (1.4.a.b.c.d, each 0 to 255)");
+    }
+}
+
+TEST(Behaviours, NetworkApplyIsBusyThenAppliesTheStagedSettings)
+{
+    auto unit = Small();
+    auto value = [&](const char* name) { return unit->GetOne(name, COid(".0")).Val().ToString(""); };
+    CChangeLog log(unit);
+    ASSERT_TRUE(Write(*unit, "tcpipNewIpAddress", ".0", "10.0.0.9").Success());
+    ASSERT_TRUE(Write(*unit, "tcpipApplyNew", ".0", "true").Success());
+    EXPECT_EQ(value("tcpipApplyNew"), "true");
+    EXPECT_EQ(value("tcpipIpAddress"), "10.0.0.2");
+    EXPECT_EQ(Write(*unit, "tcpipNewIpAddress", ".0", "10.0.0.7").Msg(),
+              "tcpipNewIpAddress: the network settings are being applied");
+    EXPECT_FALSE(Write(*unit, "tcpipApplyNew", ".0", "true").Success());
+    ASSERT_TRUE(log.WaitFor("tcpipApplyNew.0=false"));
+    // The new address is there before the flag falls; the unchanged netmask is not announced.
+    EXPECT_EQ(log.Log(), (std::vector<std::string>{"tcpipNewIpAddress.0=10.0.0.9", "tcpipApplyNew.0=true",
+                                                   "tcpipIpAddress.0=10.0.0.9", "tcpipApplyNew.0=false"}));
+
+    // At once, with settings staged in the same transaction.
+    std::string error;
+    ASSERT_TRUE(unit->SetBehaviour("networkApplyMs", Zor::Json(0), error)) << error;
+    ASSERT_TRUE(unit->Transaction("zor.fp",
+                                  {{"tcpipNewIpAddress", ".0", CParam::String("10.0.0.7")},
+                                   {"tcpipApplyNew", ".0", CParam::String("1")}},
+                                  false)
+                    .Success());
+    EXPECT_EQ(value("tcpipIpAddress"), "10.0.0.7");
+    EXPECT_EQ(value("tcpipApplyNew"), "false");
+}
+
+TEST(Behaviours, LockStatusCountersAndReboot)
 {
     auto unit = Small();
     CChangeLog log(unit);
-    ASSERT_TRUE(Write(*unit, "tcpipNewIpAddress", ".0", "10.0.0.9").Success());
-    EXPECT_EQ(unit->GetOne("tcpipIpAddress", COid(".0")).Val().ToString(""), "10.0.0.2");
-    ASSERT_TRUE(Write(*unit, "tcpipApplyNew", ".0", "1").Success());
-    EXPECT_EQ(unit->GetOne("tcpipIpAddress", COid(".0")).Val().ToString(""), "10.0.0.9");
+    // The reported lock status follows every accepted write of the mode, and only those.
+    ASSERT_TRUE(Write(*unit, "frontpanelLockMode", ".0", "3").Success());
+    EXPECT_EQ(unit->GetOne("frontpanelLockStatus", COid(".0")).Val().ToInt32(-1), 3);
+    EXPECT_FALSE(Write(*unit, "frontpanelLockMode", ".0", "4").Success());
+    EXPECT_EQ(unit->GetOne("frontpanelLockStatus", COid(".0")).Val().ToInt32(-1), 3);
+    ASSERT_TRUE(Write(*unit, "frontpanelLockMode", ".0", "3").Success());
+    EXPECT_EQ(log.Log().back(), "frontpanelLockStatus.0=3") << "announced even when unchanged";
 
     ASSERT_TRUE(Write(*unit, "tsinputsrcResetCounters", ".2.1", "1").Success());
     EXPECT_EQ(unit->GetOne("tsinputsrcErrorCount", COid(".2.1")).Val().ToInt32(-1), 0);
@@ -201,6 +261,36 @@ TEST(Behaviours, ClockTicksInTheConfiguredFormat)
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
     }
     EXPECT_FALSE(log.Log().empty());
+}
+
+TEST(Behaviours, ClockSetByHandTicksOnAndNtpKeepsItsOwn)
+{
+    std::string error;
+    auto unit = CVirtualUnit::FromText(R"({"behaviours": {"datetimeFormat": "%m/%d/%Y %H:%M:%S"},
+        "objects": {"datetimeNow": {"type": "string", "values": {".0": ""}},
+                    "datetimeUpdateMode": {"type": "enum", "texts": ["Manual", "NTP"], "values": {".0": "NTP"}}}})",
+                                       error);
+    ASSERT_TRUE(unit) << error;
+    auto now = [&] { return unit->GetOne("datetimeNow", COid(".0")).Val().ToString(""); };
+    EXPECT_EQ(Write(*unit, "datetimeNow", ".0", "02/28/2027 23:59:59").Msg(),
+              "datetimeNow: the clock is set by NTP (datetimeUpdateMode); set the mode to Manual first");
+    CChangeLog log(unit);
+    // The mode written first in the same transaction counts.
+    ASSERT_TRUE(unit->Transaction("zor.fp",
+                                  {{"datetimeUpdateMode", ".0", CParam::String("Manual")},
+                                   {"datetimeNow", ".0", CParam::String("02/28/2027 23:59:59")}},
+                                  false)
+                    .Success());
+    EXPECT_EQ(now(), "02/28/2027 23:59:59");
+    EXPECT_TRUE(log.WaitFor("datetimeNow.0=03/01/2027 00:00:00", 1500));
+    for (const char* bad : {"02/29/2027 10:00:00", "13/01/2027 10:00:00", "1/02/2027 10:00:00",
+                            "01/02/2027 24:00:00", "01/02/2027 10:00", "01/02/2027 10:00:00 ", ""}) {
+        EXPECT_EQ(Write(*unit, "datetimeNow", ".0", bad).Msg(),
+                  std::string("datetimeNow: \"") + bad + "\" is not a date and time as MM/DD/YYYY hh:mm:ss");
+    }
+    // Back under NTP the unit's own time returns at once.
+    ASSERT_TRUE(Write(*unit, "datetimeUpdateMode", ".0", "NTP").Success());
+    EXPECT_NE(now().substr(0, 10), "03/01/2027");
 }
 
 // Settings changed at run time steer the next operation; a value no int can hold is unset.

@@ -2,6 +2,7 @@
 // receiver's behaviours (start-up state, profiles, image update, clock...).
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
@@ -112,10 +113,11 @@ private:
     typedef std::function<void()> Action;  // runs with m_mutex held
     // What a write sets going besides itself; carried out only when the write applies.
     struct Plan_t {
+        std::vector<Change_t> written;                            // the writes checked so far
         std::vector<Change_t> after;                              // applied right after the writes
         std::vector<std::pair<std::string, Zor::COid>> removals;  // instances that go away
         std::vector<std::pair<uint32_t, Action>> timed;           // later steps
-        std::vector<Action> onCommit;                             // state kept by the behaviours
+        std::vector<Action> onCommit;  // state kept by the behaviours; steps that need the writes applied
     };
 
     CVirtualUnit();
@@ -138,10 +140,16 @@ private:
                          Plan_t& plan);
     std::string RowStatusHookLocked(const std::string& name, const Zor::COid& oid, const Zor::CParam& value,
                                     Plan_t& plan);
-    void StagedApplyLocked(Plan_t& plan);
+    std::string NetworkHookLocked(const std::string& name, const Zor::COid& oid, const Zor::CParam& value,
+                                  Plan_t& plan);
+    void FinishNetworkApplyLocked(const Zor::COid& oid);
     void SwitchOverLocked(const Zor::COid& oid, Plan_t& plan);
     void ResetSettingsLocked(Plan_t& plan);
-    void TickClockLocked();
+    std::string ClockHookLocked(const std::string& name, const Zor::COid& oid, const Zor::CParam& value,
+                                Plan_t& plan);
+    bool ClockTicksLocked() const;
+    std::string ClockFormatLocked() const;
+    void TickClockLocked(uint32_t chain);
     int BehaviourInt(const char* key, int def) const;
     bool HasObjectLocked(const std::string& name) const { return m_objects.count(name) != 0; }
     void InternalSetLocked(const std::string& name, const Zor::COid& oid, const Zor::CParam& value);
@@ -161,9 +169,16 @@ private:
     std::multimap<uint64_t, Action> m_timed;
     std::condition_variable m_cvTimed;
     bool m_bStop = false;
-    bool m_bUpdating = false;  // an image update sequence runs
-    bool m_bApplying = false;  // a profile apply sequence runs
+    bool m_bUpdating = false;         // an image update sequence runs
+    bool m_bApplying = false;         // a profile apply sequence runs
+    bool m_bNetworkApplying = false;  // staged network settings are being applied
     std::thread m_scheduler;
+
+    // The clock: the system's time, or one set by a write that ticks on from there.
+    bool m_bClockSet = false;
+    int64_t m_iClockSetTo = 0;  // seconds since 1970, as written
+    std::chrono::steady_clock::time_point m_clockSetAt;
+    uint32_t m_uClockChain = 0;  // a tick of an older chain of ticks does nothing
 };
 
 // Splits "name.1.1" / "name.%" into name and instance text ("1.1", "%"); false without a point.
