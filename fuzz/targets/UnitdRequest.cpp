@@ -19,7 +19,7 @@ const char* const kUnit = R"({
   "description": "fuzzing",
   "subsystems": { "Decoder": [".1.2"], "CamSlot": [".1", ".2"], "T2Mi": [] },
   "behaviours": {
-    "datetimeTick": false,
+    "networkApplyMs": 0, "datetimeTick": false,
     "counterResets": { "tsinputsrcResetCounters": ["tsinputsrcErrorCount"] }
   },
   "objects": {

@@ -16,6 +16,10 @@ public:
     explicit CGenericCommandLine(const std::string& value);
 
     bool HandleKey(const KeyPress_t& key) override;
+    // The object is only written: its value is never shown.
+    void RefreshValue() override {}
+    bool SetValue(const char*) override { return true; }
+    bool SetValue(const std::string&) override { return true; }
     void SetCommitHandler(std::function<void(bool written)> handler) { m_onCommit = handler; }
     const std::string& GetCommand() const { return m_strCommand; }
 

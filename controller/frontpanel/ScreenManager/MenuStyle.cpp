@@ -160,3 +160,14 @@ void CMenuStyle::DrawTitle(int mode)
     std::string title = m_strTitle;  // aligned in place
     m_pDisplay->WriteAligned(title, 0, 1, 0);
 }
+
+bool CMenuStyle::SelectLine(const CGenericLine* pLine)
+{
+    int position = m_lines.FindPosition(pLine);
+    if (position < 0)
+        return false;
+    m_selection.Reset();
+    for (int i = 0; i < position; ++i)
+        m_selection.MoveDown();
+    return true;
+}

@@ -57,6 +57,9 @@ public:
     CCursor& GetCursor() { return m_selection; }
     // The selected line, null when none is shown.
     CGenericLine* GetSelectedLine() const;
+    // Moves the selection to a shown line, as DOWN from the top would; false when it is not
+    // shown.
+    bool SelectLine(const CGenericLine* pLine);
     // Lock-mode indicators drawn at the left of the title row with the key hints.
     void SetLockIndicator(bool on) { m_bLockIndicator = on; }
     void SetDisabledIndicator(bool on) { m_bDisabledIndicator = on; }

@@ -1,11 +1,14 @@
 #include "ScreenManager/TableScreen.h"
 
+#include <algorithm>
+
 #include "Lines/EntryLine.h"
 #include "Lines/GenericLine.h"
 #include "Lines/GenericList.h"
 #include "Qb/Thread.h"
 #include "ScreenManager/MenuStyle.h"
 #include "ScreenManager/PanelMessage.h"
+#include "Zor/Oid.h"
 #include "Zor/Param.h"
 
 void EraseInstance(Zor::CParam& values, const std::string& object, const std::string& instance)
@@ -78,6 +81,9 @@ std::vector<std::string> CLineTable::InstancesOf(const CRow& row, const Zor::CPa
         if (within.empty() || instance.compare(0, within.size(), within) == 0)
             instances.push_back(instance);
     }
+    // In oid order, as a read lists them, also after an event brought a new one.
+    std::stable_sort(instances.begin(), instances.end(),
+                     [](const std::string& a, const std::string& b) { return Zor::COid(a) < Zor::COid(b); });
     return instances;
 }
 
@@ -215,6 +221,24 @@ CGenericLine* CLineTable::Find(const std::string& object, const std::string& ins
     return nullptr;
 }
 
+bool CLineTable::Update(CMenuStyle& style, const Zor::CParam& values)
+{
+    const CGenericLine* pSelected = style.GetSelectedLine();
+    const Made_t* pWas = nullptr;
+    for (const Made_t& made : m_made)
+        if (made.pLine == pSelected)
+            pWas = &made;
+    const CRow* pRow = pWas != nullptr ? pWas->pRow : nullptr;
+    const std::string instance = pWas != nullptr ? pWas->instance : std::string();
+    const bool made = Make(style, values);
+    Fill(style, values, false);
+    if (made && pRow != nullptr)
+        for (const Made_t& again : m_made)
+            if (again.pRow == pRow && again.instance == instance)
+                style.SelectLine(again.pLine);
+    return made;
+}
+
 const CRow* CLineTable::RowOf(const CGenericLine* pLine) const
 {
     for (const Made_t& made : m_made)
@@ -274,11 +298,8 @@ void CConfigTableScreen::OnManagedEvent(const std::string& name, const Zor::COid
             EraseInstance(m_values, name, instance.OidStr());
         else
             m_values[name][instance.OidStr()] = value;
-        if (m_table.Make(*m_pMenu, m_values)) {
-            PushToMenu();
+        if (m_table.Update(*m_pMenu, m_values))
             m_table.ApplyLockMode(m_bReadOnly);
-        }
-        m_table.Fill(*m_pMenu, m_values, false);
         PushToMenu();
         m_pMenu->Redraw(1);
     });
@@ -344,11 +365,9 @@ void CStatusTableScreen::SubscribeAll()
 void CStatusTableScreen::UpdateLines(int mode)
 {
     // A new or removed instance (an alarm raised, a row added) makes the rows again.
-    if (m_table.Make(*m_pMenu, m_values)) {
-        PushToMenu();
+    if (m_table.Update(*m_pMenu, m_values)) {
         m_table.ApplyLockMode(m_bReadOnly);
         mode = mode < 1 ? 1 : mode;
     }
-    m_table.Fill(*m_pMenu, m_values, false);
     CTavStatusScreen::UpdateLines(mode);
 }

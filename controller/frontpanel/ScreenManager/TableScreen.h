@@ -41,6 +41,9 @@ public:
     CGenericLine* Find(const std::string& object, const std::string& instance) const;
     // The row a line was made from; null if none.
     const CRow* RowOf(const CGenericLine* pLine) const;
+    // Makes the lines again if the instances changed (see Make), fills them, and keeps the
+    // selection on the row it was on when that row is still there. True when made again.
+    bool Update(CMenuStyle& style, const Zor::CParam& values);
     // True when the object is read as a pattern (its instances make rows).
     bool IsPattern(const std::string& object) const;
     int Count() const { return static_cast<int>(m_made.size()); }

@@ -96,6 +96,9 @@ class ClockLinePanelTest : public PanelTest::CPanelTest {};
 TEST_F(ClockLinePanelTest, BoundLinesWriteTheObjectsFormatOnlyWhenAccepted)
 {
     CTavClient* pClient = Client();
+    // A clock set by hand, so the unit takes written times and ticks on from a known day.
+    ASSERT_TRUE(pClient->SendData("datetimeUpdateMode", ".0", "Manual"));
+    ASSERT_TRUE(pClient->SendData("datetimeNow", ".0", "11/22/2026 09:30:00"));
     LineTest::CWriteRecorder clock(pClient, "datetimeNow", ".0");
     // The unit's clock ticks by writing the object too: keep only what differs from its day.
     const std::string today = "11/22/2026 ";

@@ -114,9 +114,12 @@ TEST_F(AdminOnUnitdTest, SyslogReceiversAreAddedByAddressAndRemoved)
     EXPECT_EQ(Written("syslogreceiverRowStatus", since), Writes({".1.4.0.0.0.1=4"}));
     EXPECT_TRUE(PanelShows("Add Receiver: 0.0.0.0"));
 
-    // The new receiver's rows come between the others and the add row; "Remove" takes it.
-    Press({KEY_UP, KEY_UP});
+    // The new receiver's rows come first (in address order); the selection stays on the
+    // add row. Its "Remove" takes it away again.
+    for (int i = 0; i < 5; ++i)
+        Press({KEY_DOWN});  // from the add row, round past "State: " to the new "Remove"
     EXPECT_TRUE(PanelShows("IP: 0.0.0.1"));
+    EXPECT_TRUE(PanelShows(">Remove"));
     since = m_pUnitd->NextWrite();
     Press({KEY_ENTER});
     EXPECT_EQ(Written("syslogreceiverRowStatus", since), Writes({".1.4.0.0.0.1=6"}));
@@ -138,9 +141,9 @@ TEST_F(AdminOnUnitdTest, StagedNetworkEditsAreDiscardedOnExitOrAppliedTogether)
     since = m_pUnitd->NextWrite();
     Press({KEY_DOWN, KEY_ENTER, KEY_UP, KEY_ENTER, KEY_UP, KEY_UP, KEY_ENTER});  // DHCP, then "Apply"
     EXPECT_EQ(Written("tcpipApplyNew", since), Writes({".0=true"}));
-    EXPECT_TRUE(PanelShows("DHCP: Enabled (Busy)"));
+    EXPECT_TRUE(PanelShows("Gateway: 10.20.4.1 (Busy)"));
     EXPECT_TRUE(PanelShows("(Busy)", false));
-    EXPECT_EQ(m_pUnitd->Get("tcpipIpMode.0")["tcpipIpMode"][".0"], "Enabled");
+    EXPECT_EQ(m_pUnitd->Get("tcpipIpMode.0"), "Enabled");
     Press({KEY_EXIT});  // nothing left to discard
     EXPECT_EQ(Written("tcpipNewIpMode", since), Writes({".0=Enabled"}));
 }
