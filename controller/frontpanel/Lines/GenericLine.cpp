@@ -101,7 +101,10 @@ Qb::uint32 CGenericLine::WriteObject(const std::string& value)
         return static_cast<Qb::uint32>(m_strObjectName.length());
     if (m_pClient == nullptr)
         return 0;
-    return m_pClient->SendData(m_strObjectName, m_strObjectInstance, value) ? 1 : 0;
+    Zor::CRet ret = m_pClient->SendOp(kZorClientName, m_strObjectName, Zor::COid(m_strObjectInstance), value);
+    // Kept for the screen, which tells the user why the unit refused the value.
+    m_strRefusal = ret.Success() ? std::string() : ret.Msg();
+    return ret.Success() ? 1 : 0;
 }
 
 std::string CGenericLine::ReadObject()

@@ -72,6 +72,9 @@ public:
     void SetCompanion(bool on) { m_bHasCompanion = on; }
     bool HasCompanion() const { return m_bHasCompanion; }
     const std::string& GetLabel() const { return m_strLabel; }
+    // The controller's words when it refused the last write; empty after a write it took.
+    const std::string& GetRefusal() const { return m_strRefusal; }
+    void ClearRefusal() { m_strRefusal.clear(); }
 
     // Set by the container (and again by the menu style before every draw).
     void SetDisplay(CDisplay* pDisplay);
@@ -120,4 +123,5 @@ protected:
     bool m_bSpare;
     bool m_bHasCompanion;
     std::string m_strSpare;
+    std::string m_strRefusal;
 };

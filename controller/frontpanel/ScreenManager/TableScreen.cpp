@@ -11,6 +11,28 @@
 #include "Zor/Oid.h"
 #include "Zor/Param.h"
 
+void WrapRefusal(const std::string& message, std::string rows[2])
+{
+    // "name: reason": the reason alone, word-wrapped over two panel rows, the rest cut.
+    size_t colon = message.find(": ");
+    std::string text = colon == std::string::npos ? message : message.substr(colon + 2);
+    const size_t width = 30;
+    size_t row = 0;
+    size_t at = 0;
+    rows[0].clear();
+    rows[1].clear();
+    while (at < text.size() && row < 2) {
+        size_t end = text.find(' ', at);
+        std::string word = text.substr(at, end == std::string::npos ? std::string::npos : end - at);
+        at = end == std::string::npos ? text.size() : end + 1;
+        if (!rows[row].empty() && rows[row].size() + 1 + word.size() > width)
+            ++row;
+        if (row >= 2)
+            break;
+        rows[row] += (rows[row].empty() ? "" : " ") + word.substr(0, width);
+    }
+}
+
 void EraseInstance(Zor::CParam& values, const std::string& object, const std::string& instance)
 {
     if (!values.IsMap() || !values.KeyExists(object))
@@ -308,7 +330,17 @@ void CConfigTableScreen::OnManagedEvent(const std::string& name, const Zor::COid
 std::string CConfigTableScreen::HandleKey(const KeyPress_t& key)
 {
     CGenericLine* pLine = m_pMenu->GetSelectedLine();
+    if (pLine != nullptr)
+        pLine->ClearRefusal();
     std::string next = CTavConfigScreen::HandleKey(key);
+    // A value the unit refused: say why (its words, over two rows), nothing changed.
+    if (pLine != nullptr && !pLine->GetRefusal().empty()) {
+        std::string rows[2];
+        WrapRefusal(pLine->GetRefusal(), rows);
+        pLine->ClearRefusal();
+        ShowMessage(rows[0], rows[1]);
+        return next;
+    }
     // An address the row's own rule refused: say why, nothing was written.
     const CRow* pRow = pLine != nullptr ? m_table.RowOf(pLine) : nullptr;
     CEntryLine* pEntry = dynamic_cast<CEntryLine*>(pLine);

@@ -126,5 +126,9 @@ private:
     CLineTable m_table;
 };
 
+// The controller's refusal of a write ("name: reason") as two panel rows: the reason,
+// word-wrapped, the rest cut.
+void WrapRefusal(const std::string& message, std::string rows[2]);
+
 // Removes one instance of an object from a values cache (a destroyed table row).
 void EraseInstance(Zor::CParam& values, const std::string& object, const std::string& instance);

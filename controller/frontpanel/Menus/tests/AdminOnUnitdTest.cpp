@@ -92,6 +92,15 @@ TEST_F(AdminOnUnitdTest, EachKindOfEditIsWrittenOnceAndRowsFollowIt)
     EXPECT_TRUE(PanelShows("Unlock Front Panel"));
     ASSERT_TRUE(m_pUnitd->Set("frontpanelLockMode", ".0", 1, false).value("ok", false));
 
+    // A value the unit refuses is not kept, and the panel says why for a moment.
+    ASSERT_TRUE(m_pUnitd->Set("tcpipApplyNew", ".0", true, false).value("ok", false));  // busy
+    Show("Configure Network");
+    Press({KEY_DOWN, KEY_ENTER, KEY_UP});
+    std::thread enter([this] { Press({KEY_ENTER}); });
+    EXPECT_TRUE(PanelShows("the network settings are being"));
+    enter.join();
+    EXPECT_TRUE(PanelShows("DHCP: Disabled"));
+
     // Setting the clock by hand offers the date and time rows, after the user's own edit.
     Show("Configure Date/Time");
     EXPECT_TRUE(PanelShows("Set Date:", false));
