@@ -6,10 +6,10 @@ using namespace ScreenName;
 
 namespace {
 
+// The two methods are the clock's update modes under the names this page has always used.
 const CRow kLines[] = {
-    Text("NTP Server: ", "datetimeNtpServer", ".0"),
-    Target("NTP Server Setting", kConfigureDateTime),
-    Target("Admin Manual Settings", kConfigureDateTime),
+    List("Set By: ", "datetimeUpdateMode", ".0", {}).Choice("NTP Server", "NTP").Choice("Admin Manual Settings", "Manual"),
+    Address("NTP Server Setting: ", "datetimeNtpServer", ".0").ShownWhen("datetimeUpdateMode", ".0", {"NTP"}),
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-// "Update Method": how the unit's clock is kept, and the ways to set it.
+// "Update Method": how the unit's clock is kept: from a time server (and which) or by hand.
 #pragma once
 
 #include "ScreenManager/TableScreen.h"

@@ -10,7 +10,8 @@ namespace {
 const CRow kLines[] = {
     Record("hardwareModelId").Empty("No Hardware Detected"),
     Show("", kEach, {"hardwareModelId", "hardwareLocation", "modelId", "modelName"},
-         [](const CRowValues& v) { return ModelName(v, v("hardwareModelId")) + " " + v("hardwareLocation"); }),
+         [](const CRowValues& v) { return ModelName(v, v("hardwareModelId")) + " " + v("hardwareLocation"); })
+        .Unselectable(),
     EndRecord(),
     Target("Select Slot for Hardware Details", kSelectSlot),
 };

@@ -1,8 +1,10 @@
 #include "Menus/MenuProfiles.h"
 
+#include "ScreenManager/ScreenNames.h"
+
 #include "ScreenManager/MenuStyle.h"
 
-CMenuProfiles::CMenuProfiles() : CTavScreenMaster("Admin"), m_select(this), m_actions(this)
+CMenuProfiles::CMenuProfiles() : CTavScreenMaster(ScreenName::kProfileStatus), m_select(this), m_actions(this)
 {
     m_pMenu->SetTitle("Profile Config");
 }

@@ -1,6 +1,6 @@
 // "Profile Config": the stored profiles. The list (CProfileSelect) creates a profile or
 // chooses one; the actions (CProfileActions) apply, rename or delete the chosen one. EXIT
-// goes from the actions back to the list and from the list to "Admin".
+// goes from the actions back to the list and from the list to "Profile Status", the page that opens it.
 #pragma once
 
 #include "Menus/ProfileActions.h"

@@ -159,6 +159,7 @@ CRow::CRow(Kind_e kindIn, const char* labelIn, const char* objectIn, const char*
       fromCardOnly(false),
       scale(1.0),
       readOnly(false),
+      selectable(true),
       present(true),
       charSet(0),
       width(0),
@@ -208,6 +209,12 @@ CRow& CRow::Clip(const char* text)
 CRow& CRow::ReadOnly()
 {
     readOnly = true;
+    return *this;
+}
+
+CRow& CRow::Unselectable()
+{
+    selectable = false;
     return *this;
 }
 
@@ -469,8 +476,11 @@ CGenericLine* CRow::MakeLine(bool editable) const
         pLine->SetReadOnly(readOnly);
         return pLine;
     }
-    if (kind == KIND_TARGET || IsText(editable))
-        return new CGenericDisplayLine();
+    if (kind == KIND_TARGET || IsText(editable)) {
+        CGenericLine* pText = new CGenericDisplayLine();
+        pText->SetSelectable(selectable);
+        return pText;
+    }
     CGenericLine* pLine = nullptr;
     switch (kind) {
         case KIND_LIST: {

@@ -106,6 +106,8 @@ public:
     CRow& Clip(const char* text);
     // Shown but never edited, whatever the panel lock mode.
     CRow& ReadOnly();
+    // The selection steps over the row (a value shown for information among entries).
+    CRow& Unselectable();
     // ENTER on the row opens this screen.
     CRow& Opens(const char* screen);
     // One more list entry, with its own controller text (an input's id for its label).
@@ -193,6 +195,7 @@ public:
     std::string checkLine2;
     double scale;
     bool readOnly;
+    bool selectable;
     bool present;
     int charSet;
     int width;  // entry length, number width, hex or key digits

@@ -284,7 +284,7 @@ TEST_F(TakeoverTest, ProfilesAreCreatedRenamedAndDeleted)
     EXPECT_EQ(Panel(), none);
     // EXIT from the list leaves for the parent.
     Press(KEY_EXIT);
-    EXPECT_EQ(Current(), "Profile Config");  // "Admin" is not added here: nothing changes
+    EXPECT_EQ(Current(), "Profile Status");
     EXPECT_EQ(m_pProfiles->GetMinion(), nullptr);
 }
 
