@@ -210,6 +210,6 @@ TEST(RowsTest, ListEntriesFromTheControllerKeepOnlyThoseTheFilterAllows)
     EXPECT_EQ(format.EntriesFrom(CRowValues(values, card, instance), card),
               (std::vector<std::pair<std::string, std::string>>{{"1080i 29.97", "1"}}));
     const auto reads = format.Reads();  // read for every instance, with the list
-    EXPECT_NE(std::find(reads.begin(), reads.end(), std::make_pair(std::string("formatSecondAvail"), std::string(kEach))),
-              reads.end());
+    const auto wanted = std::make_pair(std::string("formatSecondAvail"), std::string(kEach));
+    EXPECT_NE(std::find(reads.begin(), reads.end(), wanted), reads.end());
 }
