@@ -1,7 +1,8 @@
 // Decoding and processing as start-up builds them, on the panel and a real unitd: what each
 // kind of edit writes (PIDs typed in hexadecimal, kept by the controller as numbers), a long
 // list scrolled to its end and back, the status pages following a service change while on
-// view, the second output's formats, and a unit without the decoder.
+// view, the second output's formats, a unit without the decoder, and values that take the
+// row below their label.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -172,9 +173,9 @@ TEST_F(DecodingOnUnitdTest, TheSecondOutputOffersOnlyTheFormatsItCanPutOut)
     Press({KEY_EXIT});
 }
 
-class DecodingWithoutDecoderTest : public PanelTest::CPanelTest {};
+class DecodingTreeTest : public PanelTest::CPanelTest {};
 
-TEST_F(DecodingWithoutDecoderTest, NoDecodingOrProcessingScreenExists)
+TEST_F(DecodingTreeTest, NoDecodingOrProcessingScreenExists)
 {
     CTavScreenCreator creator;
     creator.CreateScreens(&Manager(), Client("minimal.json"));
@@ -185,4 +186,14 @@ TEST_F(DecodingWithoutDecoderTest, NoDecodingOrProcessingScreenExists)
         Show(name);
         EXPECT_NE(Current(), name);
     }
+}
+
+TEST_F(DecodingTreeTest, ValuesWiderThanTheirRowHaveTheRowBelowTheLabel)
+{
+    CTavScreenCreator creator;
+    creator.CreateScreens(&Manager(), Client("full.json"));
+    Show(kServiceSelectSettings);
+    EXPECT_PANEL("decoding_service_selection");
+    Show(kGenlockStatus);
+    EXPECT_PANEL("decoding_genlock_status");
 }
