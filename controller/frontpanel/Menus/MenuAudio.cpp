@@ -27,4 +27,4 @@ const CRow kLines[] = {
 
 }  // namespace
 
-CMenuAudio::CMenuAudio() : CStatusTableScreen("Audio", kDecoding, kLines, "Menu Style Long List") {}
+CMenuAudio::CMenuAudio() : CStatusTableScreen(kAudioStatus, kDecoding, kLines, "Menu Style Long List") {}

@@ -21,7 +21,7 @@ std::string Title(int path, bool hd, bool twoPaths)
 {
     // The panel's title row holds 24 characters: with a path named, "Output" makes way.
     if (!twoPaths)
-        return hd ? "16x9 Output Aspect Ratio" : "4x3 Output Aspect Ratio";
+        return hd ? DecodingAspect16x9(path) : DecodingAspect4x3(path);
     return std::string(path == 1 ? "Pri. " : "Sec. ") + (hd ? "16x9 Aspect Ratio" : "4x3 Aspect Ratio");
 }
 
