@@ -285,6 +285,10 @@ std::string CVirtualUnit::RunHookLocked(const std::string& name, const COid& oid
     if (name == "inputManualSwitchover" && value.ToInt64(0) != 0) {
         SwitchOverLocked(oid, plan);
     }
+    if ((StartsWith(name, "servicelock") || name == "serviceselectionMode") &&
+        HasObjectLocked("selectedserviceServiceNum")) {
+        plan.onCommit.push_back([this] { SelectServiceLocked(); });
+    }
     if (name == "utilityResetSettings" && value.ToInt64(0) != 0) {
         ResetSettingsLocked(plan);
     }
@@ -543,6 +547,114 @@ void CVirtualUnit::SwitchOverLocked(const COid& oid, Plan_t& plan)
     if (source != m_objects.end() && source->second.values.count(oid) != 0 &&
         HasObjectLocked("inputCurrentActiveInputId")) {
         plan.after.push_back(Change_t{"inputCurrentActiveInputId", oid, source->second.values[oid]});
+    }
+}
+
+namespace {
+
+// The audio and video texts of the MPEG stream types the service information lists.
+const char* AudioType(int64_t streamType)
+{
+    switch (streamType) {
+        case 3: return "MPEG-1";
+        case 4: return "MPEG-2";
+        case 6: return "Dolby E";
+        case 15: return "AAC ADTS";
+        case 17: return "AAC LOAS";
+        case 128: return "LPCM";
+        case 129: return "Dolby Digital";
+        case 135: return "Dolby Digital+";
+        default: return "MPEG";
+    }
+}
+
+}  // namespace
+
+void CVirtualUnit::SelectServiceLocked()
+{
+    // The decoder follows the service selection: the selected service (by number or name,
+    // primary or backup) and its video, audio and SCTE-35 PIDs from the service information.
+    // Auto seek and the PID modes keep the service being decoded.
+    auto value = [this](const std::string& name, const char* instance) {
+        auto obj = m_objects.find(name);
+        if (obj == m_objects.end() || obj->second.values.count(COid(instance)) == 0) {
+            return CParam();
+        }
+        return obj->second.values[COid(instance)];
+    };
+    auto rows = [this](const std::string& name) {
+        auto obj = m_objects.find(name);
+        return obj == m_objects.end() ? std::map<COid, CParam>() : obj->second.values;
+    };
+    const std::string mode = value("serviceselectionMode", ".1.1").ToString("");
+    if (mode != "Use Primary Svc" && mode != "Use Backup Svc") {
+        return;
+    }
+    const std::string lock = mode == "Use Backup Svc" ? "servicelockBackup" : "servicelock";
+    int64_t number = value(lock + "ServiceNum", ".1.1").ToInt64(-1);
+    if (value(lock + "LockMode", ".1.1").ToString("") == "Service Name") {
+        number = -1;
+        const std::string name = value(lock + "ServiceName", ".1.1").ToString("");
+        const auto names = rows("siserviceName");
+        for (const auto& row : names) {
+            if (row.second.ToString("") == name) {
+                number = value("siserviceNum", row.first.OidStr().c_str()).ToInt64(-1);
+            }
+        }
+    }
+    std::string serviceName;
+    for (const auto& row : rows("siserviceNum")) {
+        if (row.second.ToInt64(-2) == number) {
+            serviceName = value("siserviceName", row.first.OidStr().c_str()).ToString("");
+        }
+    }
+    if (serviceName.empty()) {
+        return;  // not a received service: the decoder stays where it is
+    }
+    InternalSetLocked("selectedserviceServiceNum", COid(".1.1"), CParam::Int(number));
+    InternalSetLocked("selectedserviceServiceName", COid(".1.1"), CParam::String(serviceName));
+
+    int64_t videoPid = 0;
+    for (const auto& row : rows("sivideoSrvNum")) {
+        if (row.second.ToInt64(-2) == number) {
+            const std::string at = row.first.OidStr();
+            videoPid = value("sivideoPid", at.c_str()).ToInt64(0);
+            const int64_t type = value("sivideoType", at.c_str()).ToInt64(0);
+            InternalSetLocked("selectedserviceVideoType", COid(".1.1"),
+                              CParam::String(type == 2 ? "MPEG-2" : "H.264"));
+        }
+    }
+    InternalSetLocked("selectedserviceVideoPid", COid(".1.1"), CParam::Int(videoPid));
+
+    // Audio services in the order the service lists them; the others carry no audio.
+    std::vector<std::pair<int64_t, std::string>> audio;
+    for (const auto& row : rows("siaudioSrvNum")) {
+        if (row.second.ToInt64(-2) == number) {
+            const std::string at = row.first.OidStr();
+            audio.emplace_back(value("siaudioPid", at.c_str()).ToInt64(0),
+                               AudioType(value("siaudioType", at.c_str()).ToInt64(0)));
+        }
+    }
+    size_t n = 0;
+    for (const auto& row : rows("selectedaudioPid")) {
+        const bool has = n < audio.size();
+        InternalSetLocked("selectedaudioPid", row.first, CParam::Int(has ? audio[n].first : 0));
+        InternalSetLocked("selectedaudioType", row.first, CParam::String(has ? audio[n].second : "None"));
+        InternalSetLocked("audiosrvEncodedType", row.first, CParam::String(has ? audio[n].second : "None"));
+        ++n;
+    }
+    std::vector<int64_t> splice;
+    for (const auto& row : rows("siotherSrvNum")) {
+        const std::string at = row.first.OidStr();
+        if (row.second.ToInt64(-2) == number &&
+            StartsWith(value("siotherStreamTypeDesc", at.c_str()).ToString(""), "SCTE-35")) {
+            splice.push_back(value("siotherPid", at.c_str()).ToInt64(0));
+        }
+    }
+    n = 0;
+    for (const auto& row : rows("selectedscte35Pid")) {
+        InternalSetLocked("selectedscte35Pid", row.first, CParam::Int(n < splice.size() ? splice[n] : 0));
+        ++n;
     }
 }
 

@@ -314,3 +314,33 @@ TEST(Behaviours, SettingsChangedAtRunTimeSteerTheNextOperation)
     ASSERT_TRUE(log.WaitFor("updateStart.0=0"));
     EXPECT_EQ(unit->GetOne("updateCompletionCode", COid(".0")).Val().ToInt32(0), 2);
 }
+
+TEST(Behaviours, TheDecoderFollowsTheServiceSelection)
+{
+    std::string error;
+    auto unit = CVirtualUnit::LoadFile(SHIPPED_UNITS "/full.json", error);
+    ASSERT_TRUE(unit) << error;
+    auto now = [&](const char* name, const char* instance) {
+        return unit->GetOne(name, COid(instance)).Val().ToString("");
+    };
+    // By number: service 2 brings its video PID, its two audio PIDs and its SCTE-35 PID.
+    ASSERT_TRUE(Write(*unit, "servicelockServiceNum", ".1.1", "2").Success());
+    EXPECT_EQ(now("selectedserviceServiceName", ".1.1"), "Sport Live HD");
+    EXPECT_EQ(now("selectedserviceVideoPid", ".1.1"), "512");
+    EXPECT_EQ(now("selectedaudioPid", ".1.2"), "514");
+    EXPECT_EQ(now("selectedaudioType", ".1.2"), "AAC ADTS");
+    EXPECT_EQ(now("selectedaudioType", ".1.3"), "None");
+    EXPECT_EQ(now("selectedscte35Pid", ".1.1"), "520");
+    // By name, a radio service: no video, one audio, no splice PID.
+    ASSERT_TRUE(Write(*unit, "servicelockServiceName", ".1.1", "Radio One").Success());
+    EXPECT_EQ(now("selectedserviceServiceNum", ".1.1"), "2") << "the lock is by number";
+    ASSERT_TRUE(Write(*unit, "servicelockLockMode", ".1.1", "Service Name").Success());
+    EXPECT_EQ(now("selectedserviceServiceNum", ".1.1"), "4");
+    EXPECT_EQ(now("selectedserviceVideoPid", ".1.1"), "0");
+    EXPECT_EQ(now("selectedaudioType", ".1.1"), "AAC LOAS");
+    EXPECT_EQ(now("selectedscte35Pid", ".1.1"), "0");
+    // Auto seek keeps the service being decoded.
+    ASSERT_TRUE(Write(*unit, "serviceselectionMode", ".1.1", "Auto Seek").Success());
+    ASSERT_TRUE(Write(*unit, "servicelockServiceName", ".1.1", "News 24 HD").Success());
+    EXPECT_EQ(now("selectedserviceServiceNum", ".1.1"), "4");
+}

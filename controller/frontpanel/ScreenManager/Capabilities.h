@@ -38,6 +38,8 @@ struct Capabilities_t {
     bool scte35Service;
     bool esam;
     bool cueTrigger;
+    // The cue triggers, as the subsystem query gives them (".1", ".2").
+    std::vector<std::string> cueTriggerSlots;
     bool mpegIpTxFec;
     bool inbandControl;
     bool mpegIpTx;

@@ -244,6 +244,15 @@ CRow& CRow::From(const char* objectIn, const char* key, bool cardOnly)
     return *this;
 }
 
+CRow& CRow::FromWhere(const char* objectIn, const char* valueIn)
+{
+    Cond_t cond;
+    cond.object = Safe(objectIn);
+    cond.values.push_back(Safe(valueIn));
+    fromWhere.push_back(cond);
+    return *this;
+}
+
 CRow& CRow::Unknown(const char* text)
 {
     unknown = Safe(text);
@@ -392,6 +401,11 @@ std::vector<std::pair<std::string, std::string>> CRow::EntriesFrom(const CRowVal
         const std::string inst = texts.GetKey(i);
         if (fromCardOnly && inst.compare(0, card.size() + 1, card + ".") != 0)
             continue;
+        bool wanted = true;
+        for (const Cond_t& cond : fromWhere)
+            wanted = wanted && values(cond.object, inst) == cond.values.front();
+        if (!wanted)
+            continue;
         const std::string text = texts[inst].ToString("");
         std::string written = text;
         if (!fromKey.empty()) {
@@ -457,6 +471,8 @@ std::vector<std::pair<std::string, std::string>> CRow::Reads() const
         reads.emplace_back(fromObject, kEach);
         if (!fromKey.empty())
             reads.emplace_back(fromKey, kEach);
+        for (const Cond_t& cond : fromWhere)
+            reads.emplace_back(cond.object, kEach);
     }
     for (const auto* conds : {&labels, &shownWhen, &instead, &suffixWhen})
         for (const Cond_t& cond : *conds)

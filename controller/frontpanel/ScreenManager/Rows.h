@@ -118,6 +118,9 @@ public:
     // (only those under the screen's card with `cardOnly`), each exchanged as the value of
     // `key` at the same instance (the text itself without a key).
     CRow& From(const char* object, const char* key = nullptr, bool cardOnly = false);
+    // Keeps only the From entries whose instance of `object` reads `value` (the formats a
+    // second output can show).
+    CRow& FromWhere(const char* object, const char* value);
     // Shown for a value that matches no entry of the list.
     CRow& Unknown(const char* text);
     // The label chosen by another value; the row's own label when none matches.
@@ -183,6 +186,7 @@ public:
     std::string fromObject;
     std::string fromKey;
     bool fromCardOnly;
+    std::vector<Cond_t> fromWhere;  // all must hold at the entry's instance
     std::string unknown;
     std::vector<Cond_t> labels;
     std::vector<Cond_t> shownWhen;  // all must hold

@@ -55,6 +55,29 @@ constexpr const char* kProfileConfig = "Profile Config";
 // Conditional access
 
 // Decoding and processing
+constexpr const char* kServiceSelectSettings = "Service Select Settings";
+constexpr const char* kServiceSelectStatus = "Service Select Status";
+constexpr const char* kPrimaryServiceLock = "Primary Service Lock";
+constexpr const char* kBackupServiceLock = "Backup Service Lock";
+constexpr const char* kPrimaryPidLock = "Primary Service PID Lock";
+constexpr const char* kBackupPidLock = "Backup Service PID Lock";
+constexpr const char* kVideoStatus = "Video";
+constexpr const char* kAncStatus = "ANC Status";
+constexpr const char* kScte35Status = "SCTE35 Status";
+constexpr const char* kAudioStatus = "Audio";
+constexpr const char* kTimecode = "Timecode Configuration";
+constexpr const char* kAudioProcessing = "Audio Processing";
+constexpr const char* kOverlaySettings = "Overlay Settings";
+constexpr const char* kScte104Config = "SCTE104 Configuration";
+constexpr const char* kScte35Config = "SCTE35 Configuration";
+constexpr const char* kScte35GeneralConfig = "General Configuration";
+constexpr const char* kEsamConfig = "ESAM Configuration";
+constexpr const char* kRelayConfig = "Relay Configuration";
+constexpr const char* kGenlock = "Genlock Config";
+constexpr const char* kGenlockSettings = "Genlock Configuration";
+constexpr const char* kGenlockStatus = "Genlock Status";
+constexpr const char* kSourceIdStatus = "Source ID";
+constexpr const char* kSourceIdConfig = "Source ID Config";
 
 // Outputs
 
@@ -70,6 +93,33 @@ inline std::string MpegIpPortStatus(int card, int port)
 inline std::string ConfigureMpegIpCard(int card)
 {
     return "Configure MPEG/IP Card " + std::to_string(card);
+}
+
+// Decoding and processing: per video output path (1 primary, 2 secondary; the primary
+// keeps the plain name), per decoded audio service and per cue trigger.
+inline std::string DecodingPathName(int path, const std::string& name)
+{
+    return path == 2 ? "Sec. " + name : name;
+}
+inline std::string DecodingVideoSettings(int path)
+{
+    return DecodingPathName(path, "Video Settings");
+}
+inline std::string DecodingAspect4x3(int path)
+{
+    return DecodingPathName(path, "4x3 Output Aspect Ratio");
+}
+inline std::string DecodingAspect16x9(int path)
+{
+    return DecodingPathName(path, "16x9 Output Aspect Ratio");
+}
+inline std::string DecodingAudioProcessingConfig(int audio)
+{
+    return "Audio " + std::to_string(audio) + " Processing Config";
+}
+inline std::string DecodingTrigger(int trigger)
+{
+    return "Trigger " + std::to_string(trigger);
 }
 
 }  // namespace ScreenName

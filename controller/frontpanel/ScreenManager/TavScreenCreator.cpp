@@ -123,7 +123,8 @@ void CTavScreenCreator::ProbeCapabilities()
     m_caps.scte35Service = Present("Scte35Srv");
     m_caps.scte35Processing = IsTrue("avssconfigScte35ProcessingAvail", ".1.1");
     m_caps.esam = Present("Esam");
-    m_caps.cueTrigger = Present("DpiCueTrigger");
+    m_caps.cueTriggerSlots = Instances("DpiCueTrigger");
+    m_caps.cueTrigger = !m_caps.cueTriggerSlots.empty();
     m_caps.mpegIpTxFec = Present("MpegIpTxFec");
     m_caps.inbandControl = Present("InbandControl");
     // Not needed by the probes above, asked last.

@@ -145,6 +145,7 @@ private:
     void FinishNetworkApplyLocked(const Zor::COid& oid);
     void SwitchOverLocked(const Zor::COid& oid, Plan_t& plan);
     void ResetSettingsLocked(Plan_t& plan);
+    void SelectServiceLocked();
     std::string ClockHookLocked(const std::string& name, const Zor::COid& oid, const Zor::CParam& value,
                                 Plan_t& plan);
     bool ClockTicksLocked() const;

@@ -1,6 +1,7 @@
 // The declarative rows: shown texts of values, and the lines a table makes.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 
 #include "Lines/GenericLine.h"
@@ -189,4 +190,26 @@ TEST(LineTableTest, RowsFollowTheValuesTheyDependOn)
     CGenericLine* pRemove = style.GetLines().GetLine(6);
     EXPECT_EQ(pRemove->GetObjectName() + pRemove->GetObjectInstance(), "rowStatus.1.4.10.0.0.1");
     EXPECT_FALSE(table.Make(style, values));
+}
+
+TEST(RowsTest, ListEntriesFromTheControllerKeepOnlyThoseTheFilterAllows)
+{
+    CRow format = List("Format: ", "manualFormat", ".1.2", {})
+                      .From("formatLabel", "formatId")
+                      .FromWhere("formatSecondAvail", "true");
+    Zor::CParam values(Zor::PT_MAP);
+    values["formatLabel"][".1"] = Zor::CParam::String("1080i 29.97");
+    values["formatId"][".1"] = Zor::CParam::Int(1);
+    values["formatSecondAvail"][".1"] = Zor::CParam::Bool(true);
+    values["formatLabel"][".2"] = Zor::CParam::String("1080p 23.98");
+    values["formatId"][".2"] = Zor::CParam::Int(2);
+    values["formatSecondAvail"][".2"] = Zor::CParam::Bool(false);
+    values["formatLabel"][".3"] = Zor::CParam::String("720p 50");  // not said: not offered
+    values["formatId"][".3"] = Zor::CParam::Int(3);
+    const std::string card, instance(".1.2");
+    EXPECT_EQ(format.EntriesFrom(CRowValues(values, card, instance), card),
+              (std::vector<std::pair<std::string, std::string>>{{"1080i 29.97", "1"}}));
+    const auto reads = format.Reads();  // read for every instance, with the list
+    const auto wanted = std::make_pair(std::string("formatSecondAvail"), std::string(kEach));
+    EXPECT_NE(std::find(reads.begin(), reads.end(), wanted), reads.end());
 }

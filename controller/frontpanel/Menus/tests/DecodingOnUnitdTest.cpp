@@ -1,0 +1,199 @@
+// Decoding and processing as start-up builds them, on the panel and a real unitd: what each
+// kind of edit writes (PIDs typed in hexadecimal, kept by the controller as numbers), a long
+// list scrolled to its end and back, the status pages following a service change while on
+// view, the second output's formats, a unit without the decoder, and values that take the
+// row below their label.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <thread>
+
+#include "Client/TavClient.h"
+#include "Controller.h"
+#include "PanelTest.h"
+#include "Paths.h"
+#include "ScreenManager/ScreenNames.h"
+#include "ScreenManager/TavScreenCreator.h"
+#include "Zor/Zor.h"
+
+using namespace ScreenName;
+
+namespace {
+
+class DecodingOnUnitdTest : public PanelTest::CPanelTest {
+protected:
+    void SetUp() override
+    {
+        if (std::string(e2e::kUnitdPath).empty())
+            GTEST_SKIP() << "unitd is not built";
+        std::string error;
+        m_pUnitd.reset(new e2e::CUnitServer("full.json"));
+        ASSERT_TRUE(m_pUnitd->Start(&error)) << error;
+        m_pZor.reset(new Zor::CZorClient("zor.fp", m_pUnitd->Target()));
+        m_pClient.reset(new CTavClient(m_pZor.get()));
+        m_pManager.reset(new CTavScreenManager(nullptr, &Rig().Display(), m_pClient.get()));
+        m_creator.CreateScreens(m_pManager.get(), m_pClient.get());
+    }
+    void TearDown() override
+    {
+        m_pManager.reset();  // screens first: they may still be subscribed
+        m_pClient.reset();
+        m_pZor.reset();
+    }
+
+    void Show(const std::string& name) { m_pManager->ShowScreenLocked(name); }
+    void Press(std::initializer_list<int> keys, int times = 1)
+    {
+        for (int i = 0; i < times; ++i)
+            for (int key : keys) {
+                KeyPress_t press = {key, KEY_STATE_DOWN};
+                m_pManager->RouteKey(press);
+            }
+    }
+    ::testing::AssertionResult PanelShows(const std::string& text, bool shown = true, int ms = 10000)
+    {
+        auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
+        for (;;) {
+            std::string panel = Panel();
+            if ((panel.find(text) != std::string::npos) == shown)
+                return ::testing::AssertionSuccess();
+            if (std::chrono::steady_clock::now() > end)
+                return ::testing::AssertionFailure() << (shown ? "no \"" : "still \"") << text << "\" on\n" << panel;
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+    }
+    std::vector<std::string> Written(const std::string& name, int since)
+    {
+        std::vector<std::string> values;
+        for (const auto& write : m_pUnitd->WritesOf(name, since))
+            values.push_back(write["instance"].get<std::string>() + "=" + write["value"].get<std::string>());
+        return values;
+    }
+    using Writes = std::vector<std::string>;
+
+    std::unique_ptr<e2e::CUnitServer> m_pUnitd;
+    std::unique_ptr<Zor::CZorClient> m_pZor;
+    std::unique_ptr<CTavClient> m_pClient;
+    std::unique_ptr<CTavScreenManager> m_pManager;
+    CTavScreenCreator m_creator;
+};
+
+}  // namespace
+
+TEST_F(DecodingOnUnitdTest, EachKindOfEditIsWrittenOnce)
+{
+    // A PID is typed in hexadecimal and written as the number the controller keeps.
+    Show(kPrimaryPidLock);
+    ASSERT_TRUE(PanelShows(">PCR PID: 0100"));
+    int since = m_pUnitd->NextWrite();
+    Press({KEY_ENTER, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("pidlockPcrPid", since), Writes({".1.1=4352"}));
+    EXPECT_TRUE(PanelShows(">PCR PID: 1100"));
+
+    // A choice; the rows it rules come and go with the user's own edit.
+    Show(kSourceIdConfig);
+    ASSERT_TRUE(PanelShows("Manual ID:", false));
+    since = m_pUnitd->NextWrite();
+    Press({KEY_ENTER, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("ancoptSourceIdLookupMode", since), Writes({".1.1=Manual"}));
+    EXPECT_TRUE(PanelShows("Manual ID: NEWS24"));
+
+    // A text, a number with its unit, a hexadecimal identifier.
+    since = m_pUnitd->NextWrite();
+    Press({KEY_DOWN, KEY_ENTER, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("ancoptSourceIdManualSourceId", since), Writes({".1.1=OEWS24"}));
+    Show(kScte35GeneralConfig);
+    since = m_pUnitd->NextWrite();
+    Press({KEY_ENTER, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("scte35srvHeartbeatTimeout", since), Writes({".1.1=15"}));
+    EXPECT_TRUE(PanelShows("Heartbeat Timeout: 15 min"));
+    Show(DecodingTrigger(2));
+    since = m_pUnitd->NextWrite();
+    Press({KEY_DOWN, KEY_DOWN, KEY_DOWN, KEY_ENTER, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("dpicueEventId", since), Writes({".2.1=5000002A"}));
+
+    // EXIT abandons an edit and writes nothing.
+    Show(kTimecode);
+    since = m_pUnitd->NextWrite();
+    Press({KEY_ENTER, KEY_UP, KEY_EXIT});
+    EXPECT_TRUE(Written("timecodeSource", since).empty());
+}
+
+TEST_F(DecodingOnUnitdTest, ALongListScrollsToItsLastLineAndBack)
+{
+    Show(kAncStatus);
+    ASSERT_TRUE(PanelShows(">AFD: Code 10"));
+    Press({KEY_DOWN}, 13);
+    EXPECT_TRUE(PanelShows(">Time Code: Present"));
+    EXPECT_TRUE(PanelShows("AFD:", false));
+    Press({KEY_UP}, 13);
+    EXPECT_TRUE(PanelShows(">AFD: Code 10"));
+}
+
+TEST_F(DecodingOnUnitdTest, StatusPagesFollowAServiceChangeWhileOnView)
+{
+    Show(kServiceSelectStatus);
+    ASSERT_TRUE(PanelShows("Name: News 24 HD"));
+    ASSERT_TRUE(m_pUnitd->Set("servicelockServiceNum", ".1.1", 2, false).value("ok", false));
+    EXPECT_TRUE(PanelShows("Service: 2"));
+    EXPECT_TRUE(PanelShows("Name: Sport Live HD"));
+
+    Show(kAudioStatus);
+    EXPECT_TRUE(PanelShows("Audio 1 Type: Dolby Digital"));
+    Press({KEY_DOWN}, 7);
+    EXPECT_TRUE(PanelShows("Audio 2 Type: AAC ADTS"));
+    Show(kScte35Status);
+    EXPECT_TRUE(PanelShows("PID 1: 0208"));
+
+    // The video page: the new service's PID and type while on view; a frame rate the
+    // decoder cannot name.
+    Show(kVideoStatus);
+    ASSERT_TRUE(PanelShows("Video PID: 0200"));
+    ASSERT_TRUE(m_pUnitd->Set("servicelockServiceNum", ".1.1", 3, false).value("ok", false));
+    EXPECT_TRUE(PanelShows("Video PID: 0300"));
+    EXPECT_TRUE(PanelShows("Video Type: MPEG-2"));
+    ASSERT_TRUE(m_pUnitd->Set("videoFrameRate", ".1.1", "48 fps").value("ok", false));
+    Press({KEY_DOWN}, 4);
+    EXPECT_TRUE(PanelShows(">Frame Rate: -- fps"));
+}
+
+TEST_F(DecodingOnUnitdTest, TheSecondOutputOffersOnlyTheFormatsItCanPutOut)
+{
+    Show(DecodingVideoSettings(2));
+    ASSERT_TRUE(PanelShows("Format: 525i 29.97"));
+    Press({KEY_DOWN, KEY_ENTER});
+    std::string seen;
+    for (int i = 0; i < 7; ++i) {
+        Press({KEY_UP});
+        seen += Panel();
+    }
+    EXPECT_NE(seen.find("1080i 29.97"), std::string::npos) << seen;
+    EXPECT_EQ(seen.find("1080p 23.98"), std::string::npos) << seen;
+    Press({KEY_EXIT});
+}
+
+class DecodingTreeTest : public PanelTest::CPanelTest {};
+
+TEST_F(DecodingTreeTest, NoDecodingOrProcessingScreenExists)
+{
+    CTavScreenCreator creator;
+    creator.CreateScreens(&Manager(), Client("minimal.json"));
+    for (const std::string& name :
+         {std::string(kDecoding), std::string(kProcessing), std::string(kAudioStatus), std::string(kVideoStatus),
+          std::string(kServiceSelectSettings), std::string(kAudioProcessing), DecodingVideoSettings(1),
+          std::string(kGenlock), std::string(kScte35Config), std::string(kSourceIdStatus)}) {
+        Show(name);
+        EXPECT_NE(Current(), name);
+    }
+}
+
+TEST_F(DecodingTreeTest, ValuesWiderThanTheirRowHaveTheRowBelowTheLabel)
+{
+    CTavScreenCreator creator;
+    creator.CreateScreens(&Manager(), Client("full.json"));
+    Show(kServiceSelectSettings);
+    EXPECT_PANEL("decoding_service_selection");
+    Show(kGenlockStatus);
+    EXPECT_PANEL("decoding_genlock_status");
+}
