@@ -37,8 +37,6 @@ const Entry_t kAllowedDeadEnds[] = {
     {"Main Menu", "Inputs"},
     {"Main Menu", "T2MI"},
     {"Main Menu", "Conditional Access"},
-    {"Main Menu", "Decoding"},
-    {"Main Menu", "Processing"},
     {"Main Menu", "Baseband Outputs"},
     {"Main Menu", "Transport Stream Outputs"},
 };
@@ -46,7 +44,7 @@ const Entry_t kAllowedDeadEnds[] = {
 // The fewest screens the walk must reach on each unit with the panel free or locked (a
 // disabled panel shows the home page only). Raise them as the tree grows: the walk prints
 // every screen it found.
-const std::map<std::string, size_t> kScreenFloors = {{"full", 39}, {"minimal", 32}};
+const std::map<std::string, size_t> kScreenFloors = {{"full", 80}, {"minimal", 32}};
 
 // Lines whose ENTER would act rather than open or edit something: the walk never presses
 // ENTER on a line whose label starts with one of these. Yes/No questions draw no selection
