@@ -20,6 +20,7 @@
 
 const char* const kCard = "<card>";
 const char* const kEach = ".%";
+const char* const kInstanceNumber = "#";
 
 namespace {
 
@@ -385,9 +386,14 @@ std::vector<std::pair<std::string, std::string>> CRow::EntriesFrom(const CRowVal
         const std::string inst = texts.GetKey(i);
         if (fromCardOnly && inst.compare(0, card.size() + 1, card + ".") != 0)
             continue;
-        const std::string text = texts[inst].ToString("");
+        std::string text = texts[inst].ToString("");
         std::string written = text;
-        if (!fromKey.empty()) {
+        for (const auto& renamed : map)
+            if (renamed.first == text)
+                text = renamed.second;
+        if (fromKey == kInstanceNumber) {
+            written = inst.substr(inst.rfind('.') + 1);
+        } else if (!fromKey.empty()) {
             const Zor::CParam& key = values.Param(fromKey, inst);
             if (key.IsNull())
                 continue;  // an entry the controller cannot be told
@@ -448,7 +454,7 @@ std::vector<std::pair<std::string, std::string>> CRow::Reads() const
     }
     if (!fromObject.empty()) {
         reads.emplace_back(fromObject, kEach);
-        if (!fromKey.empty())
+        if (!fromKey.empty() && fromKey != kInstanceNumber)
             reads.emplace_back(fromKey, kEach);
     }
     for (const auto* conds : {&labels, &shownWhen, &instead, &suffixWhen})

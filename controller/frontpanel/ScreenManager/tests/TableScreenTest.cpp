@@ -190,3 +190,24 @@ TEST(LineTableTest, RowsFollowTheValuesTheyDependOn)
     EXPECT_EQ(pRemove->GetObjectName() + pRemove->GetObjectInstance(), "rowStatus.1.4.10.0.0.1");
     EXPECT_FALSE(table.Make(style, values));
 }
+
+TEST(RowsTest, ListsNamingARowByItsNumberShowTheRowsTextUnderItsShownName)
+{
+    CRow source = List("Source: ", "outSource", ".1.1", {})
+                      .From("outLabel", kInstanceNumber)
+                      .Map({{"Long and Processed", "Short"}})
+                      .Unknown("Unknown");
+    Zor::CParam values(Zor::PT_MAP);
+    values["outLabel"][".1"] = Zor::CParam::String("Active");
+    values["outLabel"][".3"] = Zor::CParam::String("Long and Processed");
+    values["outSource"][".1.1"] = Zor::CParam::Int(3);
+    const std::string card = ".1.1";
+    CRowValues v(values, card, card);
+    using Entries = std::vector<std::pair<std::string, std::string>>;
+    EXPECT_EQ(source.EntriesFrom(v, card), Entries({{"Active", "1"}, {"Short", "3"}}));
+    EXPECT_EQ(source.ShownFor(v), "Short");
+    values["outSource"][".1.1"] = Zor::CParam::Int(2);
+    EXPECT_EQ(source.ShownFor(v), "Unknown");
+    // The row number is the instance itself: nothing more is read for it.
+    EXPECT_EQ(source.Reads().size(), 2u);
+}
