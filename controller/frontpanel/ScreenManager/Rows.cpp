@@ -13,6 +13,7 @@
 #include "Lines/GenericHexNumLine.h"
 #include "Lines/GenericIpLine.h"
 #include "Lines/GenericList.h"
+#include "Lines/GenericLongList.h"
 #include "Lines/GenericStringLine.h"
 #include "Lines/GenericTimeLine.h"
 #include "Lines/LineNumber.h"
@@ -160,6 +161,7 @@ CRow::CRow(Kind_e kindIn, const char* labelIn, const char* objectIn, const char*
       fromCardOnly(false),
       scale(1.0),
       readOnly(false),
+      twoRows(false),
       present(true),
       charSet(0),
       width(0),
@@ -209,6 +211,12 @@ CRow& CRow::Clip(const char* text)
 CRow& CRow::ReadOnly()
 {
     readOnly = true;
+    return *this;
+}
+
+CRow& CRow::TwoRows()
+{
+    twoRows = true;
     return *this;
 }
 
@@ -480,7 +488,7 @@ CGenericLine* CRow::MakeLine(bool editable) const
     CGenericLine* pLine = nullptr;
     switch (kind) {
         case KIND_LIST: {
-            CGenericList* pList = new CGenericList();
+            CGenericList* pList = twoRows ? new CGenericLongList() : new CGenericList();
             for (const auto& entry : entries)
                 pList->AddEntry(entry.first, entry.second);
             pLine = pList;

@@ -110,6 +110,9 @@ public:
     CRow& Clip(const char* text);
     // Shown but never edited, whatever the panel lock mode.
     CRow& ReadOnly();
+    // A list drawn over two rows, the label and then the entry indented, where the label
+    // leaves no room for the entry (on pages of the long-list menu style).
+    CRow& TwoRows();
     // ENTER on the row opens this screen.
     CRow& Opens(const char* screen);
     // One more list entry, with its own controller text (an input's id for its label).
@@ -198,6 +201,7 @@ public:
     std::string checkLine2;
     double scale;
     bool readOnly;
+    bool twoRows;
     bool present;
     int charSet;
     int width;  // entry length, number width, hex or key digits

@@ -7,6 +7,7 @@
 #include "Lines/LineContainer.h"
 #include "ScreenManager/Rows.h"
 #include "ScreenManager/MenuStyleBasic.h"
+#include "ScreenManager/MenuStyleLongList.h"
 #include "ScreenManager/TableScreen.h"
 #include "Zor/Param.h"
 
@@ -210,4 +211,27 @@ TEST(RowsTest, ListsNamingARowByItsNumberShowTheRowsTextUnderItsShownName)
     EXPECT_EQ(source.ShownFor(v), "Unknown");
     // The row number is the instance itself: nothing more is read for it.
     EXPECT_EQ(source.Reads().size(), 2u);
+}
+
+TEST(LineTableTest, ATwoRowListKeepsItsSecondRowBesideItAndIsHiddenWithIt)
+{
+    CMenuStyleLongList style;
+    CLineTable table({List("NTSC Pedestal: ", "pedestal", ".1", {"Black at 7.5 IRE", "Black at 0 IRE"})
+                          .TwoRows()
+                          .ShownWhen("mode", ".1", {"On"}),
+                      OnOff("VITC: ", "vitc", ".1")},
+                     true);
+    Zor::CParam values(Zor::PT_MAP);
+    values["mode"][".1"] = Zor::CParam::String("On");
+    ASSERT_TRUE(table.Make(style, values));
+    table.Fill(style, values, true);
+    CLineContainer& lines = style.GetLines();
+    ASSERT_EQ(lines.GetCount(), 3);
+    EXPECT_FALSE(lines.GetLine(1)->IsSelectable());
+    EXPECT_EQ(lines.GetLine(2)->GetLabel(), "VITC: ");
+
+    values["mode"][".1"] = Zor::CParam::String("Off");
+    table.Fill(style, values, false);
+    ASSERT_EQ(lines.GetCount(), 1);
+    EXPECT_EQ(lines.GetLine(0)->GetLabel(), "VITC: ");
 }
