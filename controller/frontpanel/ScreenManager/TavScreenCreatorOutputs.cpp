@@ -9,12 +9,17 @@
 #include "Menus/MenuCompositeVbiSettings.h"
 #include "Menus/MenuHdAncSettings.h"
 #include "Menus/MenuHdSdiOutput.h"
+#include "Menus/MenuMpegIpOutput.h"
 #include "Menus/MenuOutput.h"
+#include "Menus/MenuOutputAsiSettings.h"
+#include "Menus/MenuOutputMpegIpSettings.h"
+#include "Menus/MenuOutputMpegIpStatus.h"
 #include "Menus/MenuSdAncSettings.h"
 #include "Menus/MenuSdSdiOutput.h"
 #include "Menus/MenuSdVbiSettings.h"
 #include "Menus/MenuSdiAudioEmbed.h"
 #include "Menus/MenuSdiOutput.h"
+#include "Menus/MenuTransportStreamOutputs.h"
 #include "ScreenManager/ScreenNames.h"
 
 using namespace ScreenName;
@@ -48,4 +53,17 @@ void CTavScreenCreator::BuildBasebandOutputs()
     }
 }
 
-void CTavScreenCreator::BuildTransportStreamOutputs() {}
+void CTavScreenCreator::BuildTransportStreamOutputs()
+{
+    Add(new CMenuTransportStreamOutputs(m_caps), kTransportStreamOutputs);
+    if (m_caps.tsOutputSrc)
+        Add(new CMenuOutputAsiSettings(), kAsiOutputSettings);
+    // Cards are numbered in slot order; each transmits one stream, its first port's.
+    for (size_t i = 0; i < m_caps.mpegIpTxSlots.size(); ++i) {
+        const int card = static_cast<int>(i) + 1;
+        const std::string stream = m_caps.mpegIpTxSlots[i] + ".1";
+        Add(new CMenuMpegIpOutput(card), OutputsMpegIp(card));
+        Add(new CMenuOutputMpegIpSettings(card, stream, m_caps.mpegIpTxFec), OutputsMpegIpSettings(card));
+        Add(new CMenuOutputMpegIpStatus(card, stream, m_caps.mpegIpTxFec), OutputsMpegIpStatus(card));
+    }
+}
