@@ -13,6 +13,7 @@
 #include "Lines/GenericHexNumLine.h"
 #include "Lines/GenericIpLine.h"
 #include "Lines/GenericList.h"
+#include "Lines/GenericLongList.h"
 #include "Lines/GenericStringLine.h"
 #include "Lines/GenericTimeLine.h"
 #include "Lines/LineNumber.h"
@@ -20,6 +21,7 @@
 
 const char* const kCard = "<card>";
 const char* const kEach = ".%";
+const char* const kInstanceNumber = "#";
 
 namespace {
 
@@ -160,6 +162,7 @@ CRow::CRow(Kind_e kindIn, const char* labelIn, const char* objectIn, const char*
       scale(1.0),
       readOnly(false),
       selectable(true),
+      twoRows(false),
       present(true),
       charSet(0),
       width(0),
@@ -215,6 +218,12 @@ CRow& CRow::ReadOnly()
 CRow& CRow::Unselectable()
 {
     selectable = false;
+    return *this;
+}
+
+CRow& CRow::TwoRows()
+{
+    twoRows = true;
     return *this;
 }
 
@@ -406,9 +415,14 @@ std::vector<std::pair<std::string, std::string>> CRow::EntriesFrom(const CRowVal
             wanted = wanted && values(cond.object, inst) == cond.values.front();
         if (!wanted)
             continue;
-        const std::string text = texts[inst].ToString("");
+        std::string text = texts[inst].ToString("");
         std::string written = text;
-        if (!fromKey.empty()) {
+        for (const auto& renamed : map)
+            if (renamed.first == text)
+                text = renamed.second;
+        if (fromKey == kInstanceNumber) {
+            written = inst.substr(inst.rfind('.') + 1);
+        } else if (!fromKey.empty()) {
             const Zor::CParam& key = values.Param(fromKey, inst);
             if (key.IsNull())
                 continue;  // an entry the controller cannot be told
@@ -469,7 +483,7 @@ std::vector<std::pair<std::string, std::string>> CRow::Reads() const
     }
     if (!fromObject.empty()) {
         reads.emplace_back(fromObject, kEach);
-        if (!fromKey.empty())
+        if (!fromKey.empty() && fromKey != kInstanceNumber)
             reads.emplace_back(fromKey, kEach);
         for (const Cond_t& cond : fromWhere)
             reads.emplace_back(cond.object, kEach);
@@ -500,7 +514,7 @@ CGenericLine* CRow::MakeLine(bool editable) const
     CGenericLine* pLine = nullptr;
     switch (kind) {
         case KIND_LIST: {
-            CGenericList* pList = new CGenericList();
+            CGenericList* pList = twoRows ? new CGenericLongList() : new CGenericList();
             for (const auto& entry : entries)
                 pList->AddEntry(entry.first, entry.second);
             pLine = pList;

@@ -33,6 +33,9 @@ class CParam;
 extern const char* const kCard;
 // One row per instance of the object (or, inside a Record, the record's instance).
 extern const char* const kEach;
+// As the key of a From list: each entry is written as its instance's last number (a row
+// number), for objects that name a row of another table by its index.
+extern const char* const kInstanceNumber;
 
 // What UP and DOWN step through in a text entry (the text line's character sets).
 enum class CharSet {
@@ -97,7 +100,8 @@ public:
     CRow& Format(const char* format);
     // The value is multiplied by this before formatting (bits/s to Mbit/s: 1e-6).
     CRow& Scale(double factor);
-    // Shown texts for controller values ({"1", "Locked"}), matched before any format.
+    // Shown texts for controller values ({"1", "Locked"}), matched before any format. On a
+    // From list, also the shown texts for the texts read.
     CRow& Map(std::initializer_list<std::pair<const char*, const char*>> texts);
     // Shown when the value is absent or empty.
     CRow& Missing(const char* text);
@@ -108,6 +112,9 @@ public:
     CRow& ReadOnly();
     // The selection steps over the row (a value shown for information among entries).
     CRow& Unselectable();
+    // A list drawn over two rows, the label and then the entry indented, where the label
+    // leaves no room for the entry (on pages of the long-list menu style).
+    CRow& TwoRows();
     // ENTER on the row opens this screen.
     CRow& Opens(const char* screen);
     // One more list entry, with its own controller text (an input's id for its label).
@@ -116,7 +123,8 @@ public:
     CRow& When(bool present);
     // List entries read from the controller: the texts of every instance of `object`
     // (only those under the screen's card with `cardOnly`), each exchanged as the value of
-    // `key` at the same instance (the text itself without a key).
+    // `key` at the same instance (the text itself without a key; kInstanceNumber: the
+    // instance's last number).
     CRow& From(const char* object, const char* key = nullptr, bool cardOnly = false);
     // Keeps only the From entries whose instance of `object` reads `value` (the formats a
     // second output can show).
@@ -200,6 +208,7 @@ public:
     double scale;
     bool readOnly;
     bool selectable;
+    bool twoRows;
     bool present;
     int charSet;
     int width;  // entry length, number width, hex or key digits

@@ -80,6 +80,9 @@ constexpr const char* kSourceIdStatus = "Source ID";
 constexpr const char* kSourceIdConfig = "Source ID Config";
 
 // Outputs
+constexpr const char* kDigitalAudio = "Digital Audio";
+constexpr const char* kAnalogAudio = "Analog Audio";
+constexpr const char* kAsiOutputSettings = "ASI Output Settings";
 
 // Per MPEG/IP card (numbered from 1 in slot order) and port.
 inline std::string MpegIpPort(int card, int port)
@@ -120,6 +123,70 @@ inline std::string DecodingAudioProcessingConfig(int audio)
 inline std::string DecodingTrigger(int trigger)
 {
     return "Trigger " + std::to_string(trigger);
+}
+// Outputs: the pages of an output path (1 primary, 2 secondary) carry its short name.
+inline std::string OutputsPath(int path)
+{
+    return path == 1 ? "Pri." : "Sec.";
+}
+inline std::string OutputsSdi(int path)
+{
+    return OutputsPath(path) + " SDI Output";
+}
+inline std::string OutputsHdSdi(int path)
+{
+    return OutputsPath(path) + " HD Output Settings";
+}
+inline std::string OutputsHdAnc(int path)
+{
+    return OutputsPath(path) + " HD ANC Output Settings";
+}
+inline std::string OutputsSdSdi(int path)
+{
+    return OutputsPath(path) + " SD Output";
+}
+inline std::string OutputsSdAnc(int path)
+{
+    return OutputsPath(path) + " SD ANC Output Settings";
+}
+inline std::string OutputsSdVbi(int path)
+{
+    return OutputsPath(path) + " SD VBI Output Settings";
+}
+inline std::string OutputsAudioEmbed(int path)
+{
+    return OutputsPath(path) + " Audio Output";
+}
+inline std::string OutputsComposite(int path)
+{
+    return OutputsPath(path) + " Composite";
+}
+inline std::string OutputsCompositeGeneral(int path)
+{
+    return OutputsPath(path) + " Composite General Settings";
+}
+inline std::string OutputsCompositeVbi(int path)
+{
+    return OutputsPath(path) + " Composite VBI Settings";
+}
+// Outputs: per analogue audio output (from 1).
+inline std::string OutputsAnalog(int output)
+{
+    return "Analog " + std::to_string(output) + " Settings";
+}
+// Outputs: per MPEG/IP transmit card (numbered from 1 in slot order); a card transmits one
+// stream.
+inline std::string OutputsMpegIp(int card)
+{
+    return "MPEG/IP " + std::to_string(card) + " Output";
+}
+inline std::string OutputsMpegIpSettings(int card)
+{
+    return OutputsMpegIp(card) + " Cfg";
+}
+inline std::string OutputsMpegIpStatus(int card)
+{
+    return OutputsMpegIp(card) + " Status";
 }
 
 }  // namespace ScreenName

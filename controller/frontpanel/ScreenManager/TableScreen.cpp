@@ -5,6 +5,8 @@
 #include "Lines/EntryLine.h"
 #include "Lines/GenericLine.h"
 #include "Lines/GenericList.h"
+#include "Lines/GenericDummyLine.h"
+#include "Lines/GenericLongList.h"
 #include "Qb/Thread.h"
 #include "ScreenManager/MenuStyle.h"
 #include "ScreenManager/PanelMessage.h"
@@ -141,6 +143,11 @@ void CLineTable::MakeLine(CMenuStyle& style, const CRow& row, const std::string&
         return;
     }
     m_made.push_back(Made_t{&row, instance, pLine, {}});
+    // A two-row list keeps its second row in the next slot, shown and hidden with it.
+    CGenericLongList* pTwoRows = dynamic_cast<CGenericLongList*>(pLine);
+    CGenericLine* pSecondRow = pTwoRows != nullptr ? pTwoRows->TakeDummyLine() : nullptr;
+    if (pSecondRow != nullptr && !style.AppendLine(pSecondRow, "", std::string()))
+        delete pSecondRow;
 }
 
 bool CLineTable::Make(CMenuStyle& style, const Zor::CParam& values)

@@ -18,8 +18,7 @@ namespace {
 // Sections of the catalogue whose screens are still being written: their main-menu entries
 // lead nowhere until then. Remove each name as its screens land.
 const std::set<std::string> kNotYetBuilt = {
-    "Input Settings", "T2-MI Status", "Conditional Access", "Baseband Outputs",
-    "Transport Stream Outputs",
+    "Input Settings", "T2-MI Status", "Conditional Access",
 };
 
 class ScreenTreeTest : public PanelTest::CPanelTest, public ::testing::WithParamInterface<const char*> {};

@@ -8,6 +8,7 @@
 #include "Lines/LineContainer.h"
 #include "ScreenManager/Rows.h"
 #include "ScreenManager/MenuStyleBasic.h"
+#include "ScreenManager/MenuStyleLongList.h"
 #include "ScreenManager/TableScreen.h"
 #include "Zor/Param.h"
 
@@ -212,4 +213,48 @@ TEST(RowsTest, ListEntriesFromTheControllerKeepOnlyThoseTheFilterAllows)
     const auto reads = format.Reads();  // read for every instance, with the list
     const auto wanted = std::make_pair(std::string("formatSecondAvail"), std::string(kEach));
     EXPECT_NE(std::find(reads.begin(), reads.end(), wanted), reads.end());
+}
+
+TEST(RowsTest, ListsNamingARowByItsNumberShowTheRowsTextUnderItsShownName)
+{
+    CRow source = List("Source: ", "outSource", ".1.1", {})
+                      .From("outLabel", kInstanceNumber)
+                      .Map({{"Long and Processed", "Short"}})
+                      .Unknown("Unknown");
+    Zor::CParam values(Zor::PT_MAP);
+    values["outLabel"][".1"] = Zor::CParam::String("Active");
+    values["outLabel"][".3"] = Zor::CParam::String("Long and Processed");
+    values["outSource"][".1.1"] = Zor::CParam::Int(3);
+    const std::string card = ".1.1";
+    CRowValues v(values, card, card);
+    using Entries = std::vector<std::pair<std::string, std::string>>;
+    EXPECT_EQ(source.EntriesFrom(v, card), Entries({{"Active", "1"}, {"Short", "3"}}));
+    EXPECT_EQ(source.ShownFor(v), "Short");
+    values["outSource"][".1.1"] = Zor::CParam::Int(2);
+    EXPECT_EQ(source.ShownFor(v), "Unknown");
+    // The row number is the instance itself: nothing more is read for it.
+    EXPECT_EQ(source.Reads().size(), 2u);
+}
+
+TEST(LineTableTest, ATwoRowListKeepsItsSecondRowBesideItAndIsHiddenWithIt)
+{
+    CMenuStyleLongList style;
+    CLineTable table({List("NTSC Pedestal: ", "pedestal", ".1", {"Black at 7.5 IRE", "Black at 0 IRE"})
+                          .TwoRows()
+                          .ShownWhen("mode", ".1", {"On"}),
+                      OnOff("VITC: ", "vitc", ".1")},
+                     true);
+    Zor::CParam values(Zor::PT_MAP);
+    values["mode"][".1"] = Zor::CParam::String("On");
+    ASSERT_TRUE(table.Make(style, values));
+    table.Fill(style, values, true);
+    CLineContainer& lines = style.GetLines();
+    ASSERT_EQ(lines.GetCount(), 3);
+    EXPECT_FALSE(lines.GetLine(1)->IsSelectable());
+    EXPECT_EQ(lines.GetLine(2)->GetLabel(), "VITC: ");
+
+    values["mode"][".1"] = Zor::CParam::String("Off");
+    table.Fill(style, values, false);
+    ASSERT_EQ(lines.GetCount(), 1);
+    EXPECT_EQ(lines.GetLine(0)->GetLabel(), "VITC: ");
 }

@@ -1,0 +1,171 @@
+// The output branches as start-up builds them, on the panel and a real unitd: what each
+// kind of edit writes, the output source by its row number under its shortened label, rows
+// that follow the values they depend on, a status page following the hardware, and the
+// transmit card found in whatever slot the unit has it.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <memory>
+#include <thread>
+
+#include "Client/TavClient.h"
+#include "Controller.h"
+#include "PanelTest.h"
+#include "Paths.h"
+#include "ScreenManager/ScreenNames.h"
+#include "ScreenManager/TavScreenCreator.h"
+#include "Zor/Zor.h"
+
+namespace {
+
+using namespace ScreenName;
+
+class OutputsOnUnitdTest : public PanelTest::CPanelTest {
+protected:
+    void Start(const char* unit)
+    {
+        std::string error;
+        m_pUnitd.reset(new e2e::CUnitServer(unit));
+        ASSERT_TRUE(m_pUnitd->Start(&error)) << error;
+        m_pZor.reset(new Zor::CZorClient("zor.fp", m_pUnitd->Target()));
+        m_pClient.reset(new CTavClient(m_pZor.get()));
+        m_pManager.reset(new CTavScreenManager(nullptr, &Rig().Display(), m_pClient.get()));
+        m_creator.CreateScreens(m_pManager.get(), m_pClient.get());
+    }
+    void SetUp() override
+    {
+        if (std::string(e2e::kUnitdPath).empty())
+            GTEST_SKIP() << "unitd is not built";
+    }
+    void TearDown() override
+    {
+        m_pManager.reset();  // screens first: they may still be subscribed
+        m_pClient.reset();
+        m_pZor.reset();
+    }
+
+    void Show(const std::string& name)
+    {
+        m_pManager->ShowScreenLocked(name);
+        ASSERT_EQ(m_pManager->GetCurrentName(), name);
+    }
+    void Press(std::initializer_list<int> keys)
+    {
+        for (int key : keys) {
+            KeyPress_t press = {key, KEY_STATE_DOWN};
+            m_pManager->RouteKey(press);
+        }
+    }
+    void Down(int times)
+    {
+        for (int i = 0; i < times; ++i)
+            Press({KEY_DOWN});
+    }
+    ::testing::AssertionResult PanelShows(const std::string& text, bool shown = true, int ms = 10000)
+    {
+        auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
+        for (;;) {
+            std::string panel = Panel();
+            if ((panel.find(text) != std::string::npos) == shown)
+                return ::testing::AssertionSuccess();
+            if (std::chrono::steady_clock::now() > end)
+                return ::testing::AssertionFailure() << (shown ? "no \"" : "still \"") << text << "\" on\n" << panel;
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+    }
+    // The values the panel wrote to an object since a point of the journal.
+    std::vector<std::string> Written(const std::string& name, int since)
+    {
+        std::vector<std::string> values;
+        for (const auto& write : m_pUnitd->WritesOf(name, since))
+            values.push_back(write["instance"].get<std::string>() + "=" + write["value"].get<std::string>());
+        return values;
+    }
+    using Writes = std::vector<std::string>;
+
+    std::unique_ptr<e2e::CUnitServer> m_pUnitd;
+    std::unique_ptr<Zor::CZorClient> m_pZor;
+    std::unique_ptr<CTavClient> m_pClient;
+    std::unique_ptr<CTavScreenManager> m_pManager;
+    CTavScreenCreator m_creator;
+};
+
+}  // namespace
+
+TEST_F(OutputsOnUnitdTest, EachKindOfBasebandEditIsWrittenOnceToItsPathOrPort)
+{
+    Start("full.json");
+    // A choice among the audio services, on the port's own instance.
+    Show(kDigitalAudio);
+    int since = m_pUnitd->NextWrite();
+    Down(2);
+    Press({KEY_ENTER, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("aesaudioPort", since), Writes({".1.3=Audio 3 PCM"}));
+    EXPECT_TRUE(PanelShows("Port 3: Audio 3 PCM"));
+
+    // A line number on the secondary path; it is offered only while its data type is on.
+    Show(OutputsHdAnc(2));
+    since = m_pUnitd->NextWrite();
+    Press({KEY_DOWN, KEY_ENTER, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("hdsdiCcCea708Line", since), Writes({".1.2=19"}));
+    EXPECT_TRUE(PanelShows("Line Number: 19"));
+    Press({KEY_UP, KEY_ENTER, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("hdsdiCcCea708State", since), Writes({".1.2=Disabled"}));
+    EXPECT_TRUE(PanelShows("Line Number: 19", false));
+    EXPECT_TRUE(PanelShows("RDD11: Disabled"));
+
+    // A level with its decimal, on the analogue output's instance.
+    Show(OutputsAnalog(4));
+    since = m_pUnitd->NextWrite();
+    Press({KEY_DOWN, KEY_ENTER, KEY_RIGHT, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("analogaudioOutputLevel", since), Writes({".1.4=19.0"}));
+    EXPECT_TRUE(PanelShows("Output Level: 19.0 dBu"));
+}
+
+TEST_F(OutputsOnUnitdTest, TheOutputSourceIsChosenByLabelAndWrittenAsItsRowNumber)
+{
+    Start("full.json");
+    Show(kAsiOutputSettings);
+    ASSERT_TRUE(PanelShows("Source: Descramble & Process"));
+    int since = m_pUnitd->NextWrite();
+    Press({KEY_DOWN, KEY_ENTER, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("tsoutputsrcSource", since), Writes({".1.1=1"}));
+    EXPECT_TRUE(PanelShows("Source: Active Input"));
+
+    // The status page follows the hardware while on view.
+    Show(OutputsMpegIpStatus(1));
+    ASSERT_TRUE(PanelShows("Source: Active Input"));
+    ASSERT_TRUE(m_pUnitd->Set("tsoutputsrcSource", ".4.1", 3).value("ok", false));
+    EXPECT_TRUE(PanelShows("Source: Descramble & Process"));
+    Down(12);
+    ASSERT_TRUE(PanelShows("Unicast MAC Status: Found"));
+    ASSERT_TRUE(m_pUnitd->Set("mpegiptxUnicastReceiverNotFound", ".4.1", "Not Found").value("ok", false));
+    EXPECT_TRUE(PanelShows("Unicast MAC Status: Not Found"));
+}
+
+TEST_F(OutputsOnUnitdTest, TheFecMatrixIsOfferedOnlyWhileFecIsOn)
+{
+    Start("full.json");
+    Show(OutputsMpegIpSettings(1));
+    Down(10);
+    ASSERT_TRUE(PanelShows(">FEC Columns: 10"));
+    int since = m_pUnitd->NextWrite();
+    Press({KEY_UP, KEY_ENTER, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("mpegiptxfecState", since), Writes({".4.1=Disabled"}));
+    EXPECT_TRUE(PanelShows("FEC Columns:", false));
+    EXPECT_TRUE(PanelShows("FEC Rows:", false));
+}
+
+TEST_F(OutputsOnUnitdTest, AUnitWithOnlyATransmitCardHasItsOutputsInItsOwnSlot)
+{
+    Start("minimal.json");
+    Show(kTransportStreamOutputs);
+    EXPECT_TRUE(PanelShows("MPEG/IP 1"));
+    EXPECT_TRUE(PanelShows("MPEG/IP 2", false));
+    // The card sits in slot 2: its stream is ".2.1".
+    Show(OutputsMpegIpSettings(1));
+    ASSERT_TRUE(PanelShows("Transmission: Disabled"));
+    int since = m_pUnitd->NextWrite();
+    Press({KEY_ENTER, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("tsoutputsrcState", since), Writes({".2.1=Enabled"}));
+}
