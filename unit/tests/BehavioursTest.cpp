@@ -152,6 +152,15 @@ TEST(Behaviours, RowsAreCreatedAndDestroyedAcrossTheirTable)
     EXPECT_TRUE(Write(*unit, "alarmlogRowStatus", ".1", "6").Success());
     EXPECT_FALSE(unit->GetOne("alarmlogText", COid(".1")).Success());
     EXPECT_EQ(unit->Get({"alarmlogText.%"})["alarmlogText"].Length(), 1);
+
+    // Created and filled in one transaction: the row holds the written value, not the default.
+    ASSERT_TRUE(unit->Transaction("zor.fp",
+                                  {{"alarmlogRowStatus", ".3", CParam::String("4")},
+                                   {"alarmlogText", ".3", CParam::String("Fan")}},
+                                  false)
+                    .Success());
+    EXPECT_EQ(unit->GetOne("alarmlogText", COid(".3")).Val().ToString(""), "Fan");
+    EXPECT_EQ(unit->GetOne("alarmlogRowStatus", COid(".3")).Val().ToInt32(0), 1);
 }
 
 TEST(Behaviours, RowsKeyedByAnAddressHoldIt)
