@@ -475,7 +475,29 @@ std::string CVirtualUnit::RowStatusHookLocked(const std::string& name, const COi
             }
         }
     }
+    if (table == "siservice" && (status == 4 || (status == 6 && exists))) {
+        ServicePresenceLocked(oid, status != 6, plan);
+    }
     return "";
+}
+
+void CVirtualUnit::ServicePresenceLocked(const COid& service, bool present, Plan_t& plan)
+{
+    // Services are keyed by program number: a CAM's selected PIDs of that program follow it
+    // into and out of the stream.
+    const std::string text = service.OidStr();
+    const std::string program = text.substr(text.rfind('.') + 1);
+    auto programs = m_objects.find("camselectedpidProgramNumber");
+    auto presence = m_objects.find("camselectedpidPresence");
+    if (programs == m_objects.end() || presence == m_objects.end()) {
+        return;
+    }
+    for (const auto& row : programs->second.values) {
+        if (row.second.ToString("") == program && presence->second.values.count(row.first) != 0) {
+            plan.after.push_back(
+                Change_t{presence->first, row.first, CParam::String(present ? "Present" : "Not Present")});
+        }
+    }
 }
 
 std::string CVirtualUnit::NetworkHookLocked(const std::string& name, const COid& oid, const CParam& value,

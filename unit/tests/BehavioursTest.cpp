@@ -323,3 +323,21 @@ TEST(Behaviours, SettingsChangedAtRunTimeSteerTheNextOperation)
     ASSERT_TRUE(log.WaitFor("updateStart.0=0"));
     EXPECT_EQ(unit->GetOne("updateCompletionCode", COid(".0")).Val().ToInt32(0), 2);
 }
+
+TEST(Behaviours, SelectedPidsFollowTheirServiceOutOfAndIntoTheStream)
+{
+    std::string error;
+    auto unit = CVirtualUnit::LoadFile(SHIPPED_UNITS "/full.json", error);
+    ASSERT_TRUE(unit) << error;
+    auto presence = [&unit](const char* row) {
+        return unit->GetOne("camselectedpidPresence", COid(row)).Val().ToString("");
+    };
+    ASSERT_EQ(presence(".2.1"), "Present");  // service 3
+    ASSERT_TRUE(unit->Set("zor.fp", {"siserviceRowStatus", ".1.3", CParam::String("6")}, true).Success());
+    EXPECT_EQ(presence(".2.1"), "Not Present");
+    EXPECT_EQ(presence(".2.2"), "Not Present");
+    EXPECT_FALSE(unit->GetOne("siserviceName", COid(".1.3")).Success());
+    ASSERT_TRUE(unit->Set("zor.fp", {"siserviceRowStatus", ".1.3", CParam::String("4")}, true).Success());
+    EXPECT_EQ(presence(".2.1"), "Present");
+    EXPECT_EQ(presence(".2.3"), "Not Present");  // no associated service: untouched
+}

@@ -138,6 +138,7 @@ private:
     std::string UpdateHookLocked(const Zor::CParam& value, Plan_t& plan);
     void ResetHookLocked(const std::string& name, const Zor::COid& oid, const Zor::CParam& value,
                          Plan_t& plan);
+    void ServicePresenceLocked(const Zor::COid& service, bool present, Plan_t& plan);
     std::string RowStatusHookLocked(const std::string& name, const Zor::COid& oid, const Zor::CParam& value,
                                     Plan_t& plan);
     std::string NetworkHookLocked(const std::string& name, const Zor::COid& oid, const Zor::CParam& value,
