@@ -1,4 +1,5 @@
 // What the unit does, beyond storing values, where the screens depend on it.
+#include <cctype>
 #include <chrono>
 #include <climits>
 #include <ctime>
@@ -276,6 +277,12 @@ std::string CVirtualUnit::RunHookLocked(const std::string& name, const COid& oid
     if (EndsWith(name, "RowStatus")) {
         return RowStatusHookLocked(name, oid, value, plan);
     }
+    if (StartsWith(name, "bissservice")) {
+        std::string msg = BissKeyHookLocked(name, value);
+        if (!msg.empty()) {
+            return msg;
+        }
+    }
     if (name == "tcpipApplyNew" || StartsWith(name, kStagedNetwork)) {
         std::string msg = NetworkHookLocked(name, oid, value, plan);
         if (!msg.empty()) {
@@ -434,6 +441,28 @@ std::string CVirtualUnit::UpdateHookLocked(const CParam& value, Plan_t& plan)
         InternalSetLocked("updateStart", zero, CParam::Int(0));
         m_bUpdating = false;
     });
+    return "";
+}
+
+std::string CVirtualUnit::BissKeyHookLocked(const std::string& name, const CParam& value)
+{
+    // The receiver takes BISS key words only whole: so many hexadecimal digits.
+    static const std::pair<const char*, size_t> kDigits[] = {
+        {"bissserviceMode1SessionWord", 12}, {"bissserviceModeESessionWord", 16}, {"bissserviceModeEInjectedId", 14}};
+    for (const auto& key : kDigits) {
+        if (name != key.first) {
+            continue;
+        }
+        const std::string text = value.ToString("");
+        bool hex = text.size() == key.second;
+        for (char c : text) {
+            hex = hex && std::isxdigit(static_cast<unsigned char>(c)) != 0;
+        }
+        if (!hex) {
+            return name + ": a key of " + std::to_string(key.second) + " hexadecimal digits is needed, not \"" +
+                   text + "\"";
+        }
+    }
     return "";
 }
 

@@ -341,3 +341,18 @@ TEST(Behaviours, SelectedPidsFollowTheirServiceOutOfAndIntoTheStream)
     EXPECT_EQ(presence(".2.1"), "Present");
     EXPECT_EQ(presence(".2.3"), "Not Present");  // no associated service: untouched
 }
+
+TEST(Behaviours, BissKeyWordsAreTakenOnlyWhole)
+{
+    std::string error;
+    auto unit = CVirtualUnit::LoadFile(SHIPPED_UNITS "/full.json", error);
+    ASSERT_TRUE(unit) << error;
+    EXPECT_TRUE(Write(*unit, "bissserviceMode1SessionWord", ".1.2", "0123456789AB").Success());
+    for (const char* bad : {"0123456789A", "0123456789ABC", "0123456789AG", ""}) {
+        Zor::CRet ret = Write(*unit, "bissserviceMode1SessionWord", ".1.2", bad);
+        EXPECT_FALSE(ret.Success()) << bad;
+        EXPECT_NE(ret.Msg().find("bissserviceMode1SessionWord"), std::string::npos) << ret.Msg();
+    }
+    EXPECT_FALSE(Write(*unit, "bissserviceModeEInjectedId", ".1.2", "0123456789ABCDEF").Success());
+    EXPECT_EQ(unit->GetOne("bissserviceMode1SessionWord", COid(".1.2")).Val().ToString(""), "0123456789AB");
+}
