@@ -16,7 +16,9 @@ const CRow kLines[] = {
          [](const CRowValues& v) { return CaText::Service(v.All(), v("bissselectedserviceService")); }),
     Command(" Remove", kRows, kEach, "6"),
     EndRecord(),
-    AddRow("Add Service: ", kRows, "bissselectedserviceService", ".1").From("siserviceName", "siserviceNum"),
+    AddRow("Add Service: ", kRows, "bissselectedserviceService", ".1")
+        .Choice("None", "")
+        .From("siserviceName", "siserviceNum"),
 };
 
 }  // namespace

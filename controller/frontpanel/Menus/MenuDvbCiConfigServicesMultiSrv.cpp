@@ -17,6 +17,7 @@ void CMenuDvbCiConfigServicesMultiSrv::MakeLines()
     for (size_t i = 0; i < m_selections.size(); ++i)
         AddSelection(static_cast<int>(i), CaText::Service(m_read, m_selections[i].program));
     CGenericList* pAdd = new CGenericList();
+    pAdd->AddEntry("None", "");
     const Zor::CParam& names = m_read.KeyExists("siserviceName") ? m_read["siserviceName"] : Zor::CParam();
     for (int i = 0; names.IsMap() && i < names.Length(); ++i) {
         const std::string instance = names.GetKey(i);

@@ -21,6 +21,7 @@ std::vector<CRow> Lines(const std::string& instance)
         EndRecord(),
         // The first row of the slot is the one service; without it, one can be chosen.
         AddRow("Select Service: ", kRows, kProgram, instance.c_str())
+            .Choice("None", "")
             .From("siserviceName", "siserviceNum")
             .HiddenWhen(kRows, kCard, {"1"}),
     };
