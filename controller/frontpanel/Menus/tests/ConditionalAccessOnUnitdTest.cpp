@@ -111,8 +111,7 @@ TEST_F(ConditionalAccessOnUnitdTest, StagedServicesAreSavedTogetherOrDroppedWith
     EXPECT_TRUE(PanelShows("Srv 3 Weather Channel"));
     EXPECT_TRUE(Written("camselectedserviceRowStatus", since).empty());
     Press({KEY_EXIT});
-    EXPECT_TRUE(PanelShows("    Changes not saved yet."));
-    EXPECT_TRUE(PanelShows("   Do you want to save your"));
+    EXPECT_PANEL("dvbci_save_question");
     Press({KEY_RIGHT, KEY_ENTER});  // "No"
     EXPECT_EQ(m_pManager->GetCurrentName(), "DVB-CI(Top)");
     EXPECT_TRUE(Written("camselectedserviceRowStatus", since).empty());
