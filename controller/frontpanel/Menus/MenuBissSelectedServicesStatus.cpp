@@ -27,6 +27,7 @@ const CRow kLines[] = {
 }  // namespace
 
 CMenuBissSelectedServicesStatus::CMenuBissSelectedServicesStatus()
-    : CStatusTableScreen(kBissSelectedServicesStatus, kConditionalAccess, kLines)
+    // The full name is wider than the title row leaves room for.
+    : CStatusTableScreen("BISS Selected Srv Status", kConditionalAccess, kLines)
 {
 }
