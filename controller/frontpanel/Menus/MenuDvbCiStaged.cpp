@@ -140,8 +140,12 @@ std::string CMenuDvbCiStaged::HandleKey(const KeyPress_t& key)
     for (const Line_t& line : m_lines)
         if (line.pLine == pSelected)
             pLine = &line;
-    if (key.key == KEY_EXIT && !wasEditing && m_bChanged && !m_bReadOnly)
-        return ScreenName::CaSaveChanges(GetName());
+    if (key.key == KEY_EXIT && !wasEditing && m_bChanged) {
+        // A panel locked meanwhile cannot answer the question: the changes are dropped.
+        if (!m_bReadOnly)
+            return ScreenName::CaSaveChanges(GetName());
+        Discard();
+    }
     if (key.key == KEY_ENTER && !wasEditing && pLine != nullptr && pLine->use != USE_OWN) {
         if (m_bReadOnly)
             return ScreenName::kNoScreen;
