@@ -1,4 +1,5 @@
 // What the unit does, beyond storing values, where the screens depend on it.
+#include <cctype>
 #include <chrono>
 #include <climits>
 #include <ctime>
@@ -276,6 +277,12 @@ std::string CVirtualUnit::RunHookLocked(const std::string& name, const COid& oid
     if (EndsWith(name, "RowStatus")) {
         return RowStatusHookLocked(name, oid, value, plan);
     }
+    if (StartsWith(name, "bissservice")) {
+        std::string msg = BissKeyHookLocked(name, value);
+        if (!msg.empty()) {
+            return msg;
+        }
+    }
     if (name == "tcpipApplyNew" || StartsWith(name, kStagedNetwork)) {
         std::string msg = NetworkHookLocked(name, oid, value, plan);
         if (!msg.empty()) {
@@ -441,6 +448,28 @@ std::string CVirtualUnit::UpdateHookLocked(const CParam& value, Plan_t& plan)
     return "";
 }
 
+std::string CVirtualUnit::BissKeyHookLocked(const std::string& name, const CParam& value)
+{
+    // The receiver takes BISS key words only whole: so many hexadecimal digits.
+    static const std::pair<const char*, size_t> kDigits[] = {
+        {"bissserviceMode1SessionWord", 12}, {"bissserviceModeESessionWord", 16}, {"bissserviceModeEInjectedId", 14}};
+    for (const auto& key : kDigits) {
+        if (name != key.first) {
+            continue;
+        }
+        const std::string text = value.ToString("");
+        bool hex = text.size() == key.second;
+        for (char c : text) {
+            hex = hex && std::isxdigit(static_cast<unsigned char>(c)) != 0;
+        }
+        if (!hex) {
+            return name + ": a key of " + std::to_string(key.second) + " hexadecimal digits is needed, not \"" +
+                   text + "\"";
+        }
+    }
+    return "";
+}
+
 std::string CVirtualUnit::RowStatusHookLocked(const std::string& name, const COid& oid, const CParam& value,
                                               Plan_t& plan)
 {
@@ -479,7 +508,29 @@ std::string CVirtualUnit::RowStatusHookLocked(const std::string& name, const COi
             }
         }
     }
+    if (table == "siservice" && (status == 4 || (status == 6 && exists))) {
+        ServicePresenceLocked(oid, status != 6, plan);
+    }
     return "";
+}
+
+void CVirtualUnit::ServicePresenceLocked(const COid& service, bool present, Plan_t& plan)
+{
+    // Services are keyed by program number: a CAM's selected PIDs of that program follow it
+    // into and out of the stream.
+    const std::string text = service.OidStr();
+    const std::string program = text.substr(text.rfind('.') + 1);
+    auto programs = m_objects.find("camselectedpidProgramNumber");
+    auto presence = m_objects.find("camselectedpidPresence");
+    if (programs == m_objects.end() || presence == m_objects.end()) {
+        return;
+    }
+    for (const auto& row : programs->second.values) {
+        if (row.second.ToString("") == program && presence->second.values.count(row.first) != 0) {
+            plan.after.push_back(
+                Change_t{presence->first, row.first, CParam::String(present ? "Present" : "Not Present")});
+        }
+    }
 }
 
 std::string CVirtualUnit::NetworkHookLocked(const std::string& name, const COid& oid, const CParam& value,

@@ -18,6 +18,12 @@ namespace {
 
 const size_t kJournalLimit = 100000;
 
+bool IsRowStatus(const std::string& name)
+{
+    const std::string tail = "RowStatus";
+    return name.size() >= tail.size() && name.compare(name.size() - tail.size(), tail.size(), tail) == 0;
+}
+
 uint64_t NowMs()
 {
     return static_cast<uint64_t>(std::chrono::duration_cast<std::chrono::milliseconds>(
@@ -434,8 +440,16 @@ std::string CVirtualUnit::CheckWriteLocked(const Write_t& write, bool force, COi
     if (!msg.empty()) {
         return msg;
     }
-    for (const auto& c : plan.after) {
-        rowCreation = rowCreation || (c.name == write.name && c.instance == oid);
+    for (auto c = plan.after.begin(); c != plan.after.end();) {
+        const bool planned = c->name == write.name && c->instance == oid;
+        rowCreation = rowCreation || planned;
+        // A column of a row created earlier in the same transaction: the written value, not
+        // the column's default, is what the new row holds.
+        if (planned && !IsRowStatus(write.name)) {
+            c = plan.after.erase(c);
+        } else {
+            ++c;
+        }
     }
     if (!rowCreation && def.values.count(oid) == 0) {
         return write.name + ": no instance \"" + oid.OidStr() + "\"";

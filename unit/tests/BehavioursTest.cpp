@@ -152,6 +152,15 @@ TEST(Behaviours, RowsAreCreatedAndDestroyedAcrossTheirTable)
     EXPECT_TRUE(Write(*unit, "alarmlogRowStatus", ".1", "6").Success());
     EXPECT_FALSE(unit->GetOne("alarmlogText", COid(".1")).Success());
     EXPECT_EQ(unit->Get({"alarmlogText.%"})["alarmlogText"].Length(), 1);
+
+    // Created and filled in one transaction: the row holds the written value, not the default.
+    ASSERT_TRUE(unit->Transaction("zor.fp",
+                                  {{"alarmlogRowStatus", ".3", CParam::String("4")},
+                                   {"alarmlogText", ".3", CParam::String("Fan")}},
+                                  false)
+                    .Success());
+    EXPECT_EQ(unit->GetOne("alarmlogText", COid(".3")).Val().ToString(""), "Fan");
+    EXPECT_EQ(unit->GetOne("alarmlogRowStatus", COid(".3")).Val().ToInt32(0), 1);
 }
 
 TEST(Behaviours, RowsKeyedByAnAddressHoldIt)
@@ -343,4 +352,37 @@ TEST(Behaviours, TheDecoderFollowsTheServiceSelection)
     ASSERT_TRUE(Write(*unit, "serviceselectionMode", ".1.1", "Auto Seek").Success());
     ASSERT_TRUE(Write(*unit, "servicelockServiceName", ".1.1", "News 24 HD").Success());
     EXPECT_EQ(now("selectedserviceServiceNum", ".1.1"), "4");
+}
+
+TEST(Behaviours, SelectedPidsFollowTheirServiceOutOfAndIntoTheStream)
+{
+    std::string error;
+    auto unit = CVirtualUnit::LoadFile(SHIPPED_UNITS "/full.json", error);
+    ASSERT_TRUE(unit) << error;
+    auto presence = [&unit](const char* row) {
+        return unit->GetOne("camselectedpidPresence", COid(row)).Val().ToString("");
+    };
+    ASSERT_EQ(presence(".2.1"), "Present");  // service 3
+    ASSERT_TRUE(unit->Set("zor.fp", {"siserviceRowStatus", ".1.3", CParam::String("6")}, true).Success());
+    EXPECT_EQ(presence(".2.1"), "Not Present");
+    EXPECT_EQ(presence(".2.2"), "Not Present");
+    EXPECT_FALSE(unit->GetOne("siserviceName", COid(".1.3")).Success());
+    ASSERT_TRUE(unit->Set("zor.fp", {"siserviceRowStatus", ".1.3", CParam::String("4")}, true).Success());
+    EXPECT_EQ(presence(".2.1"), "Present");
+    EXPECT_EQ(presence(".2.3"), "Not Present");  // no associated service: untouched
+}
+
+TEST(Behaviours, BissKeyWordsAreTakenOnlyWhole)
+{
+    std::string error;
+    auto unit = CVirtualUnit::LoadFile(SHIPPED_UNITS "/full.json", error);
+    ASSERT_TRUE(unit) << error;
+    EXPECT_TRUE(Write(*unit, "bissserviceMode1SessionWord", ".1.2", "0123456789AB").Success());
+    for (const char* bad : {"0123456789A", "0123456789ABC", "0123456789AG", ""}) {
+        Zor::CRet ret = Write(*unit, "bissserviceMode1SessionWord", ".1.2", bad);
+        EXPECT_FALSE(ret.Success()) << bad;
+        EXPECT_NE(ret.Msg().find("bissserviceMode1SessionWord"), std::string::npos) << ret.Msg();
+    }
+    EXPECT_FALSE(Write(*unit, "bissserviceModeEInjectedId", ".1.2", "0123456789ABCDEF").Success());
+    EXPECT_EQ(unit->GetOne("bissserviceMode1SessionWord", COid(".1.2")).Val().ToString(""), "0123456789AB");
 }

@@ -35,6 +35,8 @@ struct Capabilities_t {
     // Per CAM slot, in slot order (".1" top, ".2" bottom).
     std::vector<bool> camSlotMultiService;
     bool camSlot;
+    // The CAM slots the unit reports (".1" top, ".2" bottom).
+    std::vector<std::string> camSlots;
     bool scte35Service;
     bool esam;
     bool cueTrigger;

@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "Lines/AddRowIpLine.h"
+#include "Lines/AddRowListLine.h"
 #include "Lines/BissKeyLine.h"
 #include "Lines/GenericCommandLine.h"
 #include "Lines/GenericDateLine.h"
@@ -440,6 +441,7 @@ bool CRow::IsText(bool editable) const
         case KIND_HEADING:
         case KIND_COMMAND:
         case KIND_ADD_ADDRESS:
+        case KIND_ADD_ROW:
         case KIND_RECORD:
         case KIND_END_RECORD:
             return false;
@@ -472,7 +474,7 @@ std::string CRow::LabelFor(const CRowValues& values) const
 std::vector<std::pair<std::string, std::string>> CRow::Reads() const
 {
     std::vector<std::pair<std::string, std::string>> reads;
-    if (!object.empty() && kind != KIND_COMMAND && kind != KIND_ADD_ADDRESS)
+    if (!object.empty() && kind != KIND_COMMAND && kind != KIND_ADD_ADDRESS && kind != KIND_ADD_ROW)
         reads.emplace_back(object, instance);
     for (const std::string& name : computeReads) {
         size_t point = name.find('.');  // "name.1": read at that instance, not the row's
@@ -539,6 +541,13 @@ CGenericLine* CRow::MakeLine(bool editable) const
             CAddRowIpLine* pAdd = new CAddRowIpLine();
             if (check)
                 pAdd->SetAcceptor([this](const Qb::CIpAddress& address) { return check(address.ToString()); });
+            pLine = pAdd;
+            break;
+        }
+        case KIND_ADD_ROW: {
+            CAddRowListLine* pAdd = new CAddRowListLine(value);
+            for (const auto& entry : entries)
+                pAdd->AddEntry(entry.first, entry.second);
             pLine = pAdd;
             break;
         }
@@ -676,4 +685,11 @@ CRow EndRecord()
 CRow AddAddress(const char* label, const char* rowStatus, const char* within)
 {
     return CRow(CRow::KIND_ADD_ADDRESS, label, rowStatus, within);
+}
+
+CRow AddRow(const char* label, const char* rowStatus, const char* column, const char* within)
+{
+    CRow row(CRow::KIND_ADD_ROW, label, rowStatus, within);
+    row.value = Safe(column);
+    return row;
 }

@@ -84,6 +84,7 @@ public:
         KIND_HEADING,      // a label the selection steps over
         KIND_COMMAND,      // ENTER writes a fixed value
         KIND_ADD_ADDRESS,  // a typed address that creates a table row keyed by it
+        KIND_ADD_ROW,      // a choice that creates the next row of a table with it
         KIND_RECORD,       // starts the rows repeated per instance of a table
         KIND_END_RECORD,   // ends them
     };
@@ -190,7 +191,7 @@ public:
     std::string missing;
     std::string clip;
     std::string target;
-    std::string value;  // a command's value
+    std::string value;  // a command's value; an add row's column
     std::string fromObject;
     std::string fromKey;
     bool fromCardOnly;
@@ -251,6 +252,10 @@ CRow EndRecord();
 // A typed address (starting at "0.0.0.0") that creates the row `within` + "." + address of
 // the table whose row status is `rowStatus` (createAndGo).
 CRow AddAddress(const char* label, const char* rowStatus, const char* within);
+// A choice (its entries from From) that creates the next free row `within` + ".n" of the
+// table whose row status is `rowStatus`, with the chosen entry written to `column`, in one
+// transaction.
+CRow AddRow(const char* label, const char* rowStatus, const char* column, const char* within);
 
 // Formats one number with a checked one-conversion pattern; false (and nothing written)
 // when the pattern is not one numeric conversion or the text is not a number.

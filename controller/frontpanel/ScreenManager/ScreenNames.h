@@ -53,6 +53,11 @@ constexpr const char* kProfileConfig = "Profile Config";
 // Inputs and T2-MI
 
 // Conditional access
+constexpr const char* kBissConfig = "BISS Config";
+constexpr const char* kBissServiceSettings = "Biss Service Settings";
+constexpr const char* kBissSelectedServicesStatus = "BISS Selected Services Status";
+constexpr const char* kBissAddServices = "BISS Add Services";
+constexpr const char* kDvbCi = "DVB-CI";
 
 // Decoding and processing
 constexpr const char* kServiceSelectSettings = "Service Select Settings";
@@ -187,6 +192,28 @@ inline std::string OutputsMpegIpSettings(int card)
 inline std::string OutputsMpegIpStatus(int card)
 {
     return OutputsMpegIp(card) + " Status";
+}
+// Conditional access, per CAM slot (0 top, 1 bottom, in the order the unit reports them).
+inline std::string CaDvbCiSlot(int slot)
+{
+    return slot == 0 ? "DVB-CI(Top)" : "DVB-CI(Btm)";
+}
+inline std::string CaDvbCiStatus(int slot)
+{
+    return CaDvbCiSlot(slot) + " Status";
+}
+inline std::string CaDvbCiConfigPids(int slot)
+{
+    return CaDvbCiSlot(slot) + " Config PIDs";
+}
+inline std::string CaDvbCiConfigSrvs(int slot)
+{
+    return CaDvbCiSlot(slot) + " Config Srvs";
+}
+// The save question of a staged configuration screen.
+inline std::string CaSaveChanges(const std::string& screen)
+{
+    return screen + " Save";
 }
 
 }  // namespace ScreenName

@@ -134,7 +134,8 @@ void CLineTable::MakeLine(CMenuStyle& style, const CRow& row, const std::string&
     CGenericLine* pLine = row.MakeLine(m_bEditable);
     // Editable lines read their object at every redraw and write it on ENTER; text rows
     // are filled from the cache instead.
-    std::string bound = row.kind == CRow::KIND_ADD_ADDRESS ? Resolve(row.instance) : instance;
+    const bool adds = row.kind == CRow::KIND_ADD_ADDRESS || row.kind == CRow::KIND_ADD_ROW;
+    std::string bound = adds ? Resolve(row.instance) : instance;
     if (row.IsBound(m_bEditable) && !bound.empty())
         pLine->BindObject(row.object, bound);
     std::string label = row.LabelFor(CRowValues(values, m_strCard, instance));
@@ -195,9 +196,12 @@ void CLineTable::Fill(CMenuStyle& style, const Zor::CParam& values, bool all)
 {
     for (Made_t& made : m_made) {
         const CRow& row = *made.pRow;
-        if (row.kind == CRow::KIND_RECORD)
-            continue;  // the empty-list text
         CRowValues v(values, m_strCard, made.instance);
+        if (row.kind == CRow::KIND_RECORD) {  // the empty-list text
+            if (!row.shownWhen.empty())
+                style.SetLineHidden(made.pLine, !row.IsShown(v));
+            continue;
+        }
         if (!row.labels.empty())
             made.pLine->SetLabel(row.LabelFor(v).c_str());
         if (!row.shownWhen.empty())

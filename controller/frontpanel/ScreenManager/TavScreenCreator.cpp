@@ -110,7 +110,8 @@ void CTavScreenCreator::ProbeCapabilities()
     }
 
     m_caps.biss = IsTrue("tsssconfigBiss", ".1.1");
-    m_caps.camSlot = Present("CamSlot");
+    m_caps.camSlots = Instances("CamSlot");
+    m_caps.camSlot = !m_caps.camSlots.empty();
     m_caps.multiServiceDescrambling = IsTrue("tsssconfigMultiServiceDescrambling", ".1.1");
     if (m_caps.multiServiceDescrambling) {
         Zor::CParam request(Zor::PT_LIST);

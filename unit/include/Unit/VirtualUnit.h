@@ -138,6 +138,8 @@ private:
     std::string UpdateHookLocked(const Zor::CParam& value, Plan_t& plan);
     void ResetHookLocked(const std::string& name, const Zor::COid& oid, const Zor::CParam& value,
                          Plan_t& plan);
+    std::string BissKeyHookLocked(const std::string& name, const Zor::CParam& value);
+    void ServicePresenceLocked(const Zor::COid& service, bool present, Plan_t& plan);
     std::string RowStatusHookLocked(const std::string& name, const Zor::COid& oid, const Zor::CParam& value,
                                     Plan_t& plan);
     std::string NetworkHookLocked(const std::string& name, const Zor::COid& oid, const Zor::CParam& value,

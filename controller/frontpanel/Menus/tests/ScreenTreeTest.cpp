@@ -18,7 +18,7 @@ namespace {
 // Sections of the catalogue whose screens are still being written: their main-menu entries
 // lead nowhere until then. Remove each name as its screens land.
 const std::set<std::string> kNotYetBuilt = {
-    "Input Settings", "T2-MI Status", "Conditional Access",
+    "Input Settings", "T2-MI Status",
 };
 
 class ScreenTreeTest : public PanelTest::CPanelTest, public ::testing::WithParamInterface<const char*> {};

@@ -258,3 +258,28 @@ TEST(LineTableTest, ATwoRowListKeepsItsSecondRowBesideItAndIsHiddenWithIt)
     ASSERT_EQ(lines.GetCount(), 1);
     EXPECT_EQ(lines.GetLine(0)->GetLabel(), "VITC: ");
 }
+
+TEST(LineTableTest, AddRowOffersEntriesAndRecordsHideTheirEmptyTextByCondition)
+{
+    CMenuStyleBasic style;
+    CLineTable table(
+        {
+            Record("rowStatus", ".2.").Empty("<<None>>").ShownWhen("mode", ".2.1", {"Rows"}),
+            EndRecord(),
+            AddRow("Add: ", "rowStatus", "program", ".2").From("name", "number"),
+        },
+        true);
+    Zor::CParam values = Values({{"mode", ".2.1", "Rows"}, {"name", ".1.3", "News"}, {"number", ".1.3", "3"}});
+    EXPECT_EQ(table.Requests(), std::vector<std::string>({"rowStatus.%", "name.%", "number.%"}));
+    ASSERT_TRUE(table.Make(style, values));
+    table.Fill(style, values, true);
+    ASSERT_EQ(Shown(style).front(), "<<None>>");
+    CGenericLine* pAdd = style.GetLines().GetLine(1);
+    EXPECT_EQ(pAdd->GetObjectName() + pAdd->GetObjectInstance(), "rowStatus.2");
+    ASSERT_TRUE(pAdd->SetValue("3"));  // "News" is offered, exchanged as its number
+    EXPECT_EQ(pAdd->GetLabel() + pAdd->GetValue(), "Add: 3");
+
+    values["mode"][".2.1"] = Zor::CParam::String("Off");
+    table.Fill(style, values, false);
+    EXPECT_EQ(Shown(style), std::vector<std::string>({"Add: 3"}));
+}
