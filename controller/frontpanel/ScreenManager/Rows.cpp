@@ -83,6 +83,22 @@ bool ParseNumber(const std::string& text, double* pValue)
     return true;
 }
 
+// A list whose last entry stands for every value the others do not name ("User" beside the
+// fixed LO offsets, "Unknown" beside the inputs): it is shown for such a value, and
+// choosing it writes nothing (the value is set elsewhere, or left as it is).
+class CListWithOther : public CGenericList {
+public:
+    bool SetValue(const char* value) override
+    {
+        return CGenericList::SetValue(value) || CGenericList::SetValue("");
+    }
+    bool SetValue(const std::string& value) override { return SetValue(value.c_str()); }
+    Qb::uint32 WriteObject(const std::string& value) override
+    {
+        return value.empty() ? 0 : CGenericList::WriteObject(value);
+    }
+};
+
 }  // namespace
 
 bool FormatNumber(const std::string& format, const std::string& text, double scale, std::string* pOut)
@@ -474,9 +490,11 @@ CGenericLine* CRow::MakeLine(bool editable) const
     CGenericLine* pLine = nullptr;
     switch (kind) {
         case KIND_LIST: {
-            CGenericList* pList = new CGenericList();
+            CGenericList* pList = unknown.empty() ? new CGenericList() : new CListWithOther();
             for (const auto& entry : entries)
                 pList->AddEntry(entry.first, entry.second);
+            if (!unknown.empty())
+                pList->AddEntry(unknown, "");
             pLine = pList;
             break;
         }

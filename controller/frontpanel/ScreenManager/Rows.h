@@ -116,7 +116,8 @@ public:
     // (only those under the screen's card with `cardOnly`), each exchanged as the value of
     // `key` at the same instance (the text itself without a key).
     CRow& From(const char* object, const char* key = nullptr, bool cardOnly = false);
-    // Shown for a value that matches no entry of the list.
+    // Shown for a value that matches no entry of the list. On a settings page it is also the
+    // list's last entry, chosen for any such value; choosing it writes nothing.
     CRow& Unknown(const char* text);
     // The label chosen by another value; the row's own label when none matches.
     CRow& LabelBy(const char* object, const char* instance,

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <memory>
 
 #include "Lines/GenericLine.h"
 #include "Lines/LineContainer.h"
@@ -67,6 +68,19 @@ TEST(RowsTest, ShownTextsOfStatusRows)
     // A list shown on a status page shows the entry text of a controller value.
     CRow primary = List("Primary: ", "inputPrimarySrc", ".1.1", {}).Choice("ASI", "167771907");
     EXPECT_EQ(primary.Shown(Zor::CParam::String("167771907")), "ASI");
+}
+
+TEST(RowsTest, AnEditableListShowsItsOtherEntryForUnlistedValuesAndWritesNothingForIt)
+{
+    CRow mode = List("LO Offset Mode: ", "dvbs2inConnLoOffset", ".2.1", {"5150", "9750"}).Unknown("User");
+    std::unique_ptr<CGenericLine> pLine(mode.MakeLine(true));
+    pLine->SetObjectName("dvbs2inConnLoOffset");  // no instance: a write reports success unsent
+    EXPECT_TRUE(pLine->SetValue("9750"));
+    EXPECT_EQ(pLine->GetText(), "9750");
+    EXPECT_TRUE(pLine->SetValue("10000.5"));
+    EXPECT_EQ(pLine->GetText(), "User");
+    EXPECT_EQ(pLine->WriteObject(pLine->GetValue()), 0u);
+    EXPECT_NE(pLine->WriteObject("5150"), 0u);
 }
 
 TEST(LineTableTest, RowsPerInstanceAreMadeAgainOnlyWhenTheInstancesChange)
