@@ -7,6 +7,7 @@
 
 #include "Lines/AddRowIpLine.h"
 #include "Lines/BissKeyLine.h"
+#include "Lines/EditRemoveIpLine.h"
 #include "Lines/GenericCommandLine.h"
 #include "Lines/GenericDateLine.h"
 #include "Lines/GenericDisplayLine.h"
@@ -16,6 +17,7 @@
 #include "Lines/GenericStringLine.h"
 #include "Lines/GenericTimeLine.h"
 #include "Lines/LineNumber.h"
+#include "Client/TavClient.h"
 #include "Zor/Param.h"
 
 const char* const kCard = "<card>";
@@ -96,6 +98,49 @@ public:
     Qb::uint32 WriteObject(const std::string& value) override
     {
         return value.empty() ? 0 : CGenericList::WriteObject(value);
+    }
+};
+
+// The address of a row of a table keyed by address, bound to the row's status: the address
+// is the instance's last four numbers (".4.1.1.4.10.50.1.10" is 10.50.1.10).
+class CEditRowIpLine : public CEditRemoveIpLine {
+public:
+    CEditRowIpLine()
+    {
+        SetRemoveHandler([](CEditRemoveIpLine& line) {
+            if (line.GetClient() != nullptr)
+                line.GetClient()->SendData(line.GetObjectName(), line.GetObjectInstance(), kDestroy);
+        });
+    }
+    void RefreshValue() override
+    {
+        if (!m_bEditing)
+            SetValue(Split().second);
+    }
+    // A new address is a new row: made first, so a refused one leaves the old row as it was.
+    Qb::uint32 WriteObject(const std::string& address) override
+    {
+        const std::pair<std::string, std::string> old = Split();
+        if (m_pClient == nullptr || old.first.empty() || address == old.second)
+            return 0;
+        if (!m_pClient->SendData(m_strObjectName, old.first + "." + address, kCreateAndGo))
+            return 0;
+        return m_pClient->SendData(m_strObjectName, m_strObjectInstance, kDestroy) ? 1 : 0;
+    }
+
+private:
+    static constexpr const char* kCreateAndGo = "4";
+    static constexpr const char* kDestroy = "6";
+
+    // The instance before the address, and the address.
+    std::pair<std::string, std::string> Split() const
+    {
+        size_t at = m_strObjectInstance.size();
+        for (int dots = 0; dots < 4 && at != std::string::npos && at > 0; ++dots)
+            at = m_strObjectInstance.rfind('.', at - 1);
+        if (at == std::string::npos || at == 0)
+            return {std::string(), std::string()};
+        return {m_strObjectInstance.substr(0, at), m_strObjectInstance.substr(at + 1)};
     }
 };
 
@@ -520,6 +565,13 @@ CGenericLine* CRow::MakeLine(bool editable) const
             pLine = pAdd;
             break;
         }
+        case KIND_EDIT_ADDRESS: {
+            CEditRowIpLine* pEdit = new CEditRowIpLine();
+            if (check)
+                pEdit->SetAcceptor([this](const Qb::CIpAddress& address) { return check(address.ToString()); });
+            pLine = pEdit;
+            break;
+        }
         case KIND_KEY:
             pLine = new CBissKeyLine(width);
             break;
@@ -639,6 +691,11 @@ CRow Command(const char* label, const char* object, const char* instance, const 
     CRow row(CRow::KIND_COMMAND, label, object, instance);
     row.value = Safe(value);
     return row;
+}
+
+CRow EditAddress(const char* label, const char* rowStatus)
+{
+    return CRow(CRow::KIND_EDIT_ADDRESS, label, rowStatus, kEach);
 }
 
 CRow Record(const char* object, const char* within)

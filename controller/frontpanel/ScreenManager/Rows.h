@@ -81,6 +81,7 @@ public:
         KIND_HEADING,      // a label the selection steps over
         KIND_COMMAND,      // ENTER writes a fixed value
         KIND_ADD_ADDRESS,  // a typed address that creates a table row keyed by it
+        KIND_EDIT_ADDRESS, // the address a table row is keyed by, changed or removed in place
         KIND_RECORD,       // starts the rows repeated per instance of a table
         KIND_END_RECORD,   // ends them
     };
@@ -133,8 +134,8 @@ public:
     CRow& SuffixWhen(const char* object, const char* instance, const char* value, const char* text);
     // The shown text made by the screen from several values; `objects` are read with it.
     CRow& Compute(std::initializer_list<const char*> objects, TextFn text);
-    // Records: shown when there is no record. Add rows: a screen's own rule for the address
-    // (false refuses it with the two message lines and writes nothing).
+    // Records: shown when there is no record. Add and edit address rows: a screen's own rule
+    // for the address (false refuses it with the two message lines and writes nothing).
     CRow& Empty(const char* text);
     CRow& Check(AddressCheck check, const char* line1, const char* line2);
 
@@ -236,6 +237,10 @@ CRow EndRecord();
 // A typed address (starting at "0.0.0.0") that creates the row `within` + "." + address of
 // the table whose row status is `rowStatus` (createAndGo).
 CRow AddAddress(const char* label, const char* rowStatus, const char* within);
+// Inside a Record of a table keyed by address: the record's address, shown from its
+// instance. A new address creates the row keyed by it and then destroys the old one; the
+// "Remove" stop after the address destroys the row (row status 6).
+CRow EditAddress(const char* label, const char* rowStatus);
 
 // Formats one number with a checked one-conversion pattern; false (and nothing written)
 // when the pattern is not one numeric conversion or the text is not a number.

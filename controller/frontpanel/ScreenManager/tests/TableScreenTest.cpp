@@ -83,6 +83,22 @@ TEST(RowsTest, AnEditableListShowsItsOtherEntryForUnlistedValuesAndWritesNothing
     EXPECT_NE(pLine->WriteObject("5150"), 0u);
 }
 
+TEST(LineTableTest, AnEditedAddressRowShowsTheAddressItIsKeyedBy)
+{
+    CMenuStyleBasic style;
+    CLineTable table({Record("igmpRowStatus", ".4.1.1.4."), EditAddress("IP: ", "igmpRowStatus"), EndRecord()},
+                     true);
+    Zor::CParam values(Zor::PT_MAP);
+    values["igmpRowStatus"][".4.1.1.4.10.50.1.10"] = Zor::CParam::Int(1);
+    values["igmpRowStatus"][".4.2.1.4.10.9.9.9"] = Zor::CParam::Int(1);  // another stream's
+    table.Make(style, values);
+    ASSERT_EQ(style.GetLines().GetCount(), 1);
+    CGenericLine* pLine = table.Find("igmpRowStatus", ".4.1.1.4.10.50.1.10");
+    ASSERT_NE(pLine, nullptr);
+    pLine->RefreshValue();
+    EXPECT_EQ(pLine->GetValue(), "10.50.1.10");
+}
+
 TEST(LineTableTest, RowsPerInstanceAreMadeAgainOnlyWhenTheInstancesChange)
 {
     CMenuStyleBasic style;
