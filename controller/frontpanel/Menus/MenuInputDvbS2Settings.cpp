@@ -17,17 +17,21 @@ namespace {
 void PerPort(std::vector<CRow>& rows, const std::string& slot,
              const std::function<std::vector<CRow>(const char* port)>& make)
 {
+    const std::string receiver = slot + ".1";
     for (int port = 1; port <= kDvbS2RfPorts; ++port) {
         const std::string number = std::to_string(port);
         const std::string instance = slot + "." + number;
         for (CRow& row : make(instance.c_str()))
-            rows.push_back(row.ShownWhen("dvbs2instatusActivePort", kCard, {number.c_str()}));
+            rows.push_back(row.ShownWhen("dvbs2instatusActivePort", receiver.c_str(), {number.c_str()}));
     }
 }
 
 std::vector<CRow> Lines(int card, const std::string& slot)
 {
-    std::vector<CRow> rows = {OnOff("Receive: ", "tsinputsrcState", kCard)};
+    // The receiver's own objects are at ".<slot>.1"; its ISI list is ".<slot>.<n>".
+    const std::string receiver = slot + ".1";
+    const char* const at = receiver.c_str();
+    std::vector<CRow> rows = {OnOff("Receive: ", "tsinputsrcState", at)};
     PerPort(rows, slot, [](const char* port) {
         return std::vector<CRow>{
             List("DVB Mode: ", "dvbs2inConnMode", port, {"DVB-S", "DVB-S2", "Auto"}),
@@ -44,10 +48,10 @@ std::vector<CRow> Lines(int card, const std::string& slot)
         };
     });
     // Multistream belongs to the receiver: the ISI is chosen among those the card found.
-    rows.push_back(OnOff("Multistream: ", "dvbs2advfeatureMultiStreamState", kCard));
-    rows.push_back(List("ISI: ", "dvbs2advfeatureISI", kCard, {})
+    rows.push_back(OnOff("Multistream: ", "dvbs2advfeatureMultiStreamState", at));
+    rows.push_back(List("ISI: ", "dvbs2advfeatureISI", at, {})
                        .From("dvbs2isiNumber", nullptr, true)
-                       .ShownWhen("dvbs2advfeatureMultiStreamState", kCard, {"Enabled"}));
+                       .ShownWhen("dvbs2advfeatureMultiStreamState", at, {"Enabled"}));
     PerPort(rows, slot, [](const char* port) {
         return std::vector<CRow>{OnOff("22 kHz Tone: ", "dvbs2inConn22KHzToneState", port)};
     });
@@ -60,5 +64,5 @@ std::vector<CRow> Lines(int card, const std::string& slot)
 CMenuInputDvbS2Settings::CMenuInputDvbS2Settings(int card, const std::string& slot)
     : CConfigTableScreen(InputsDvbS2(card) + " Input Config", kInputs, Lines(card, slot))
 {
-    Table().SetCard(slot + ".1");
+    Table().SetCard(slot);  // the ISI list is the card's: ".<slot>.<n>"
 }

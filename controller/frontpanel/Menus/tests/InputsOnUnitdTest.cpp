@@ -116,6 +116,13 @@ TEST_F(InputsOnUnitdTest, EachKindOfEditIsWrittenOnceWithTheControllersText)
     Press({KEY_ENTER, KEY_UP, KEY_UP, KEY_ENTER});
     EXPECT_EQ(Written("dvbs2inConnLoOffset", since), Writes({".2.1=10750"}));
     EXPECT_TRUE(PanelShows(">LO Offset Mode: 10750"));
+    // The ISI is offered once multistream is on, among the ISIs this card found.
+    Press({KEY_DOWN}, 7);
+    Press({KEY_ENTER, KEY_UP, KEY_ENTER, KEY_DOWN});
+    EXPECT_EQ(Written("dvbs2advfeatureMultiStreamState", since), Writes({".2.1=Enabled"}));
+    EXPECT_TRUE(PanelShows(">ISI: 0"));
+    Press({KEY_ENTER, KEY_UP, KEY_UP, KEY_ENTER});
+    EXPECT_EQ(Written("dvbs2advfeatureISI", since), Writes({".2.1=4"}));
 
     // An address, and the SSRC in eight hexadecimal digits.
     Show("MPEG/IP 1-2");
