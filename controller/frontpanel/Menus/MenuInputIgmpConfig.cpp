@@ -45,7 +45,7 @@ bool IsIgmpSourceAddress(const std::string& address)
 }
 
 CMenuInputIgmpConfig::CMenuInputIgmpConfig(int card, int stream, const std::string& input)
-    : CConfigTableScreen(InputsIgmp(card, stream), InputsMpegIpStream(card, stream), Lines(input + ".1.4")),
+    : CConfigTableScreen(InputsIgmp(card, stream), kInputs, Lines(input + ".1.4")),
       m_strRows(input + ".1.4.")
 {
     Table().SetCard(input);
