@@ -26,21 +26,6 @@
 namespace e2e {
 namespace {
 
-struct Entry_t {
-    const char* screen;  // title of the screen that shows the entry
-    const char* label;
-};
-
-// Menu entries that may still lead nowhere while the screen tree is being filled in. Take an
-// entry off as its screens land: an entry listed here that opens a screen fails the walk.
-const Entry_t kAllowedDeadEnds[] = {
-    {"Main Menu", "Inputs"},
-    {"Main Menu", "T2MI"},
-    {"Main Menu", "Conditional Access"},
-    {"Main Menu", "Baseband Outputs"},
-    {"Main Menu", "Transport Stream Outputs"},
-};
-
 // The fewest screens the walk must reach on each unit with the panel free or locked (a
 // disabled panel shows the home page only). Raise them as the tree grows: the walk prints
 // every screen it found.
@@ -196,7 +181,6 @@ protected:
     std::vector<Screen_t> m_screens;
     std::set<std::string> m_ids;         // View::Id of every screen recorded
     std::set<std::string> m_atlasNames;  // file names, without ".txt"
-    std::vector<std::string> m_allowedSeen;
     int m_iKeys = 0;
     bool m_bLost = false;  // the walk no longer knows where it is: it stops
 };
@@ -373,18 +357,9 @@ void TreeWalkTest::Judge(size_t screen, const std::vector<std::pair<std::string,
         values = values || (line.second == NOTHING && line.first.find(':') != std::string::npos);
     }
     const bool menu = m_screens[screen].path.size() == 1 || (opens && !values);
-    for (const auto& line : lines) {
-        bool allowed = false;
-        for (const Entry_t& entry : kAllowedDeadEnds)
-            allowed = allowed || (title == entry.screen && line.first == entry.label);
-        if (allowed && line.second == OPENS)
-            ADD_FAILURE() << "entry \"" << line.first << "\" on \"" << title
-                          << "\" leads somewhere now: take it off kAllowedDeadEnds";
-        if (menu && line.second == NOTHING && allowed)
-            m_allowedSeen.push_back(title + ": " + line.first);
-        else if (menu && line.second == NOTHING)
+    for (const auto& line : lines)
+        if (menu && line.second == NOTHING)
             ADD_FAILURE() << "entry \"" << line.first << "\" on screen \"" << title << "\" leads nowhere";
-    }
 }
 
 // EXIT until the home page shows, at most kMaxDepth times; an EXIT that draws nothing is stuck.
@@ -497,10 +472,6 @@ void TreeWalkTest::Report(double seconds)
             << (s.path.empty() ? "Home: " + m_strHome : s.title) << "  [" << KeyPath(s.path)
             << "]  lines: " << s.lines[OPENS] << " open, " << s.lines[EDITS] << " edit, " << s.lines[NOTHING]
             << " nothing, " << s.lines[SKIPPED] << " skipped" << s.note << "\n";
-    if (!m_allowedSeen.empty())
-        out << "  allowed dead ends:";
-    for (const std::string& entry : m_allowedSeen)
-        out << " \"" << entry << "\"" << (&entry == &m_allowedSeen.back() ? "\n" : "");
     std::cout << out.str() << std::flush;
 }
 

@@ -8,6 +8,7 @@
 #include "Lines/AddRowIpLine.h"
 #include "Lines/AddRowListLine.h"
 #include "Lines/BissKeyLine.h"
+#include "Lines/EditRemoveIpLine.h"
 #include "Lines/GenericCommandLine.h"
 #include "Lines/GenericDateLine.h"
 #include "Lines/GenericDisplayLine.h"
@@ -18,6 +19,7 @@
 #include "Lines/GenericStringLine.h"
 #include "Lines/GenericTimeLine.h"
 #include "Lines/LineNumber.h"
+#include "Client/TavClient.h"
 #include "Zor/Param.h"
 
 const char* const kCard = "<card>";
@@ -85,6 +87,65 @@ bool ParseNumber(const std::string& text, double* pValue)
     *pValue = value;
     return true;
 }
+
+// A list whose last entry stands for every value the others do not name ("User" beside the
+// fixed LO offsets, "Unknown" beside the inputs): it is shown for such a value, and
+// choosing it writes nothing (the value is set elsewhere, or left as it is).
+class CListWithOther : public CGenericList {
+public:
+    bool SetValue(const char* value) override
+    {
+        return CGenericList::SetValue(value) || CGenericList::SetValue("");
+    }
+    bool SetValue(const std::string& value) override { return SetValue(value.c_str()); }
+    Qb::uint32 WriteObject(const std::string& value) override
+    {
+        return value.empty() ? 0 : CGenericList::WriteObject(value);
+    }
+};
+
+// The address of a row of a table keyed by address, bound to the row's status: the address
+// is the instance's last four numbers (".4.1.1.4.10.50.1.10" is 10.50.1.10).
+class CEditRowIpLine : public CEditRemoveIpLine {
+public:
+    CEditRowIpLine()
+    {
+        SetRemoveHandler([](CEditRemoveIpLine& line) {
+            if (line.GetClient() != nullptr)
+                line.GetClient()->SendData(line.GetObjectName(), line.GetObjectInstance(), kDestroy);
+        });
+    }
+    void RefreshValue() override
+    {
+        if (!m_bEditing)
+            SetValue(Split().second);
+    }
+    // A new address is a new row: made first, so a refused one leaves the old row as it was.
+    Qb::uint32 WriteObject(const std::string& address) override
+    {
+        const std::pair<std::string, std::string> old = Split();
+        if (m_pClient == nullptr || old.first.empty() || address == old.second)
+            return 0;
+        if (!m_pClient->SendData(m_strObjectName, old.first + "." + address, kCreateAndGo))
+            return 0;
+        return m_pClient->SendData(m_strObjectName, m_strObjectInstance, kDestroy) ? 1 : 0;
+    }
+
+private:
+    static constexpr const char* kCreateAndGo = "4";
+    static constexpr const char* kDestroy = "6";
+
+    // The instance before the address, and the address.
+    std::pair<std::string, std::string> Split() const
+    {
+        size_t at = m_strObjectInstance.size();
+        for (int dots = 0; dots < 4 && at != std::string::npos && at > 0; ++dots)
+            at = m_strObjectInstance.rfind('.', at - 1);
+        if (at == std::string::npos || at == 0)
+            return {std::string(), std::string()};
+        return {m_strObjectInstance.substr(0, at), m_strObjectInstance.substr(at + 1)};
+    }
+};
 
 }  // namespace
 
@@ -516,9 +577,13 @@ CGenericLine* CRow::MakeLine(bool editable) const
     CGenericLine* pLine = nullptr;
     switch (kind) {
         case KIND_LIST: {
-            CGenericList* pList = twoRows ? new CGenericLongList() : new CGenericList();
+            CGenericList* pList = twoRows            ? new CGenericLongList()
+                                  : unknown.empty() ? new CGenericList()
+                                                    : new CListWithOther();
             for (const auto& entry : entries)
                 pList->AddEntry(entry.first, entry.second);
+            if (!unknown.empty())
+                pList->AddEntry(unknown, "");
             pLine = pList;
             break;
         }
@@ -549,6 +614,13 @@ CGenericLine* CRow::MakeLine(bool editable) const
             for (const auto& entry : entries)
                 pAdd->AddEntry(entry.first, entry.second);
             pLine = pAdd;
+            break;
+        }
+        case KIND_EDIT_ADDRESS: {
+            CEditRowIpLine* pEdit = new CEditRowIpLine();
+            if (check)
+                pEdit->SetAcceptor([this](const Qb::CIpAddress& address) { return check(address.ToString()); });
+            pLine = pEdit;
             break;
         }
         case KIND_KEY:
@@ -670,6 +742,11 @@ CRow Command(const char* label, const char* object, const char* instance, const 
     CRow row(CRow::KIND_COMMAND, label, object, instance);
     row.value = Safe(value);
     return row;
+}
+
+CRow EditAddress(const char* label, const char* rowStatus)
+{
+    return CRow(CRow::KIND_EDIT_ADDRESS, label, rowStatus, kEach);
 }
 
 CRow Record(const char* object, const char* within)

@@ -85,6 +85,7 @@ public:
         KIND_COMMAND,      // ENTER writes a fixed value
         KIND_ADD_ADDRESS,  // a typed address that creates a table row keyed by it
         KIND_ADD_ROW,      // a choice that creates the next row of a table with it
+        KIND_EDIT_ADDRESS, // the address a table row is keyed by, changed or removed in place
         KIND_RECORD,       // starts the rows repeated per instance of a table
         KIND_END_RECORD,   // ends them
     };
@@ -130,7 +131,8 @@ public:
     // Keeps only the From entries whose instance of `object` reads `value` (the formats a
     // second output can show).
     CRow& FromWhere(const char* object, const char* value);
-    // Shown for a value that matches no entry of the list.
+    // Shown for a value that matches no entry of the list. On a settings page it is also the
+    // list's last entry, chosen for any such value; choosing it writes nothing.
     CRow& Unknown(const char* text);
     // The label chosen by another value; the row's own label when none matches.
     CRow& LabelBy(const char* object, const char* instance,
@@ -146,8 +148,8 @@ public:
     CRow& SuffixWhen(const char* object, const char* instance, const char* value, const char* text);
     // The shown text made by the screen from several values; `objects` are read with it.
     CRow& Compute(std::initializer_list<const char*> objects, TextFn text);
-    // Records: shown when there is no record. Add rows: a screen's own rule for the address
-    // (false refuses it with the two message lines and writes nothing).
+    // Records: shown when there is no record. Add and edit address rows: a screen's own rule
+    // for the address (false refuses it with the two message lines and writes nothing).
     CRow& Empty(const char* text);
     CRow& Check(AddressCheck check, const char* line1, const char* line2);
 
@@ -256,6 +258,10 @@ CRow AddAddress(const char* label, const char* rowStatus, const char* within);
 // table whose row status is `rowStatus`, with the chosen entry written to `column`, in one
 // transaction.
 CRow AddRow(const char* label, const char* rowStatus, const char* column, const char* within);
+// Inside a Record of a table keyed by address: the record's address, shown from its
+// instance. A new address creates the row keyed by it and then destroys the old one; the
+// "Remove" stop after the address destroys the row (row status 6).
+CRow EditAddress(const char* label, const char* rowStatus);
 
 // Formats one number with a checked one-conversion pattern; false (and nothing written)
 // when the pattern is not one numeric conversion or the text is not a number.

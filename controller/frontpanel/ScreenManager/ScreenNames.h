@@ -51,6 +51,10 @@ constexpr const char* kProfileStatus = "Profile Status";
 constexpr const char* kProfileConfig = "Profile Config";
 
 // Inputs and T2-MI
+constexpr const char* kInputSelectConfig = "Input Select Config";
+constexpr const char* kInputSelectStatus = "Input Select Status";
+constexpr const char* kAsiInputStatus = "ASI Input Status";
+constexpr const char* kAsiInputConfig = "ASI Input Configuration";
 
 // Conditional access
 constexpr const char* kBissConfig = "BISS Config";
@@ -214,6 +218,52 @@ inline std::string CaDvbCiConfigSrvs(int slot)
 inline std::string CaSaveChanges(const std::string& screen)
 {
     return screen + " Save";
+}
+// Inputs, per receiver card (numbered from 1 in slot order) and MPEG/IP stream.
+inline std::string InputsDvbS2(int card)
+{
+    return "DVB-S2 " + std::to_string(card);
+}
+inline std::string InputsDvbS2Status(int card)
+{
+    return InputsDvbS2(card) + " Status";
+}
+inline std::string InputsDvbS2SelectPort(int card)
+{
+    return InputsDvbS2(card) + " Select Port";
+}
+inline std::string InputsTurboPsk(int card)
+{
+    return "Turbo PSK " + std::to_string(card);
+}
+inline std::string InputsTurboPskStatus(int card)
+{
+    return InputsTurboPsk(card) + " Status";
+}
+inline std::string InputsVsb(int card)
+{
+    return "8VSB/QAM " + std::to_string(card);
+}
+inline std::string InputsVsbStatus(int card)
+{
+    return InputsVsb(card) + " Status";
+}
+inline std::string InputsMpegIp(int card)
+{
+    return "MPEG/IP " + std::to_string(card);
+}
+// "MPEG/IP 1-2": the second stream of the first card.
+inline std::string InputsMpegIpStream(int card, int stream)
+{
+    return InputsMpegIp(card) + "-" + std::to_string(stream);
+}
+inline std::string InputsMpegIpStreamStatus(int card, int stream)
+{
+    return InputsMpegIpStream(card, stream) + " Status";
+}
+inline std::string InputsIgmp(int card, int stream)
+{
+    return "IGMP " + std::to_string(card) + "-" + std::to_string(stream) + " Config";
 }
 
 }  // namespace ScreenName

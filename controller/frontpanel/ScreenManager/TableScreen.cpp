@@ -219,6 +219,8 @@ void CLineTable::Fill(CMenuStyle& style, const Zor::CParam& values, bool all)
                 pList->ClearEntries();
                 for (const auto& entry : entries)
                     pList->AddEntry(entry.first, entry.second);
+                if (!row.unknown.empty())
+                    pList->AddEntry(row.unknown, "");  // the entry for any other value
                 made.entries = entries;
                 all = true;  // choose the current value among the new entries
             }

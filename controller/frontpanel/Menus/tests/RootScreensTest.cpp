@@ -101,9 +101,8 @@ TEST_F(RootScreensTest, MinimalUnitHasNoServiceLineAndNoDecodingSections)
     EXPECT_EQ(Labels(Manager().GetCurrentScreen()),
               (std::vector<std::string>{"Inputs", "Conditional Access", "Transport Stream Outputs", "Admin",
                                         "Active Errors"}));
-    // A section whose screens are not built yet leads nowhere; the menu stays.
     Press(KEY_ENTER);
-    EXPECT_EQ(Current(), "Home Main");
+    EXPECT_EQ(Current(), "Input Settings");
 }
 
 TEST_F(RootScreensTest, HomeLinesFollowTheControllersChanges)

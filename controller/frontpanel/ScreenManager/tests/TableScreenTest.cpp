@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 
 #include "Lines/GenericLine.h"
 #include "Lines/LineContainer.h"
@@ -69,6 +70,35 @@ TEST(RowsTest, ShownTextsOfStatusRows)
     // A list shown on a status page shows the entry text of a controller value.
     CRow primary = List("Primary: ", "inputPrimarySrc", ".1.1", {}).Choice("ASI", "167771907");
     EXPECT_EQ(primary.Shown(Zor::CParam::String("167771907")), "ASI");
+}
+
+TEST(RowsTest, AnEditableListShowsItsOtherEntryForUnlistedValuesAndWritesNothingForIt)
+{
+    CRow mode = List("LO Offset Mode: ", "dvbs2inConnLoOffset", ".2.1", {"5150", "9750"}).Unknown("User");
+    std::unique_ptr<CGenericLine> pLine(mode.MakeLine(true));
+    pLine->SetObjectName("dvbs2inConnLoOffset");  // no instance: a write reports success unsent
+    EXPECT_TRUE(pLine->SetValue("9750"));
+    EXPECT_EQ(pLine->GetText(), "9750");
+    EXPECT_TRUE(pLine->SetValue("10000.5"));
+    EXPECT_EQ(pLine->GetText(), "User");
+    EXPECT_EQ(pLine->WriteObject(pLine->GetValue()), 0u);
+    EXPECT_NE(pLine->WriteObject("5150"), 0u);
+}
+
+TEST(LineTableTest, AnEditedAddressRowShowsTheAddressItIsKeyedBy)
+{
+    CMenuStyleBasic style;
+    CLineTable table({Record("igmpRowStatus", ".4.1.1.4."), EditAddress("IP: ", "igmpRowStatus"), EndRecord()},
+                     true);
+    Zor::CParam values(Zor::PT_MAP);
+    values["igmpRowStatus"][".4.1.1.4.10.50.1.10"] = Zor::CParam::Int(1);
+    values["igmpRowStatus"][".4.2.1.4.10.9.9.9"] = Zor::CParam::Int(1);  // another stream's
+    table.Make(style, values);
+    ASSERT_EQ(style.GetLines().GetCount(), 1);
+    CGenericLine* pLine = table.Find("igmpRowStatus", ".4.1.1.4.10.50.1.10");
+    ASSERT_NE(pLine, nullptr);
+    pLine->RefreshValue();
+    EXPECT_EQ(pLine->GetValue(), "10.50.1.10");
 }
 
 TEST(LineTableTest, RowsPerInstanceAreMadeAgainOnlyWhenTheInstancesChange)
