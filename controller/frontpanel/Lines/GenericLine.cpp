@@ -169,11 +169,15 @@ void CGenericLine::DrawLayout(int row, const std::string& value, bool highlight)
         return;
     DrawLabel(row);
     const int column = ValueColumn();
-    if (highlight && !value.empty())
-        m_pDisplay->QueueHighlight(value, row, column);
+    // A line stays on its own row: a value read from the controller may be longer than the
+    // row has room for, and the window would carry the rest into the next row.
+    const int room = m_iLineWidth - column - (m_bHasSuffix ? m_iSuffixLength : 0);
+    const std::string shown = static_cast<int>(value.size()) > room && room >= 0 ? value.substr(0, room) : value;
+    if (highlight && !shown.empty())
+        m_pDisplay->QueueHighlight(shown, row, column);
     else
-        m_pDisplay->WriteAt(value, row, column);
-    DrawTail(row, column + static_cast<int>(value.length()));
+        m_pDisplay->WriteAt(shown, row, column);
+    DrawTail(row, column + static_cast<int>(shown.length()));
 }
 
 void CGenericLine::DrawLabel(int row)
@@ -182,6 +186,8 @@ void CGenericLine::DrawLabel(int row)
     std::string lead(static_cast<size_t>(m_iLabelColumn > 0 ? m_iLabelColumn : 0), ' ');
     if (m_bHasLabel)
         lead += m_strLabel;
+    if (static_cast<int>(lead.size()) > m_iLineWidth)
+        lead.resize(static_cast<size_t>(m_iLineWidth));  // as for values: never into the next row
     m_pDisplay->WriteAt(lead, row, 0);
 }
 

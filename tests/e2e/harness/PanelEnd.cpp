@@ -127,6 +127,17 @@ std::string CPanelEnd::Screen()
 #endif
 }
 
+std::string CPanelEnd::ScreenLastError()
+{
+#ifdef E2E_HAVE_PANEL_DECODER
+    Panelsim::CPanelModel model;
+    model.Feed(Received());
+    return model.LastError();
+#else
+    return std::string();
+#endif
+}
+
 int CPanelEnd::ScreenErrors()
 {
 #ifdef E2E_HAVE_PANEL_DECODER

@@ -41,6 +41,7 @@ public:
     // way; "" and 0 when the panel decoder is not built.
     std::string Screen();
     int ScreenErrors();
+    std::string ScreenLastError();
     // Waits until some row of the decoded panel shows text; the last dump in *dump.
     bool WaitForScreen(const std::string& text, int timeoutMs, std::string* dump = nullptr);
 

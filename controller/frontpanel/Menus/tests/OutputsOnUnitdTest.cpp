@@ -128,7 +128,7 @@ TEST_F(OutputsOnUnitdTest, TheOutputSourceIsChosenByLabelAndWrittenAsItsRowNumbe
     Show(kAsiOutputSettings);
     ASSERT_TRUE(PanelShows("Source: Descramble & Process"));
     int since = m_pUnitd->NextWrite();
-    Press({KEY_DOWN, KEY_ENTER, KEY_UP, KEY_ENTER});
+    Press({KEY_DOWN, KEY_ENTER, KEY_UP, KEY_UP, KEY_ENTER});  // past "Unknown", which writes nothing
     EXPECT_EQ(Written("tsoutputsrcSource", since), Writes({".1.1=1"}));
     EXPECT_TRUE(PanelShows("Source: Active Input"));
 

@@ -31,6 +31,7 @@ TEST_P(ScreenTreeTest, EveryTargetOfEveryReachableScreenExists)
         Show(name);
         ASSERT_EQ(Current(), name);
         out << name << "\n" << Panel() << "\n";
+        EXPECT_EQ(Rig().Errors(), 0u) << "\"" << name << "\" is drawn with protocol errors";
         CLineContainer& lines = Manager().GetCurrentScreen()->GetMenu()->GetLines();
         for (int i = 0; i < lines.GetCount(); ++i) {
             const std::string target = lines.GetTarget(i);
