@@ -47,12 +47,23 @@ void EraseInstance(Zor::CParam& values, const std::string& object, const std::st
     values[object] = kept;
 }
 
-CLineTable::CLineTable(std::vector<CRow> rows, bool editable) : m_bEditable(editable), m_bMade(false)
+CLineTable::CLineTable(std::vector<CRow> rows, bool editable)
+    : m_owned(std::move(rows)), m_bEditable(editable), m_bMade(false)
+{
+    Keep(m_owned.data(), m_owned.size());
+}
+
+CLineTable::CLineTable(const CRow* pRows, size_t count, bool editable) : m_bEditable(editable), m_bMade(false)
+{
+    Keep(pRows, count);
+}
+
+void CLineTable::Keep(const CRow* pRows, size_t count)
 {
     // Rows for hardware this unit lacks are never made.
-    for (CRow& row : rows)
-        if (row.present)
-            m_rows.push_back(std::move(row));
+    for (size_t i = 0; i < count; ++i)
+        if (pRows[i].present)
+            m_rows.push_back(&pRows[i]);
 }
 
 std::string CLineTable::Resolve(const std::string& instance) const
@@ -69,7 +80,8 @@ std::vector<std::string> CLineTable::Requests() const
                 return;
         keys.push_back(key);
     };
-    for (const CRow& row : m_rows) {
+    for (const CRow* pRow : m_rows) {
+        const CRow& row = *pRow;
         if (row.kind == CRow::KIND_RECORD) {
             add(row.object + kEach);
             continue;
@@ -115,7 +127,8 @@ std::vector<std::vector<std::string>> CLineTable::Shape(const Zor::CParam& value
 {
     std::vector<std::vector<std::string>> shape;
     bool inRecord = false;
-    for (const CRow& row : m_rows) {
+    for (const CRow* pRow : m_rows) {
+        const CRow& row = *pRow;
         if (row.kind == CRow::KIND_RECORD) {
             inRecord = true;
             shape.push_back(InstancesOf(row, values));
@@ -162,10 +175,10 @@ bool CLineTable::Make(CMenuStyle& style, const Zor::CParam& values)
     m_made.clear();
     size_t group = 0;
     for (size_t i = 0; i < m_rows.size(); ++i) {
-        const CRow& row = m_rows[i];
+        const CRow& row = *m_rows[i];
         if (row.kind == CRow::KIND_RECORD) {
             size_t end = i + 1;
-            while (end < m_rows.size() && m_rows[end].kind != CRow::KIND_END_RECORD)
+            while (end < m_rows.size() && m_rows[end]->kind != CRow::KIND_END_RECORD)
                 ++end;
             const std::vector<std::string>& records = shape[group++];
             if (records.empty() && !row.missing.empty()) {
@@ -174,7 +187,7 @@ bool CLineTable::Make(CMenuStyle& style, const Zor::CParam& values)
             }
             for (const std::string& record : records)
                 for (size_t r = i + 1; r < end; ++r)
-                    MakeLine(style, m_rows[r], m_rows[r].instance == kEach ? record : Resolve(m_rows[r].instance),
+                    MakeLine(style, *m_rows[r], m_rows[r]->instance == kEach ? record : Resolve(m_rows[r]->instance),
                              values);
             i = end;  // past the end row
             continue;
@@ -288,6 +301,18 @@ CConfigTableScreen::CConfigTableScreen(const std::string& title, const std::stri
                                        const std::string& style)
     : CTavConfigScreen(style), m_table(std::move(lines), true)
 {
+    Name(title, parent);
+}
+
+CConfigTableScreen::CConfigTableScreen(const std::string& title, const std::string& parent, const CRow* pLines,
+                                       size_t count, const std::string& style)
+    : CTavConfigScreen(style), m_table(pLines, count, true)
+{
+    Name(title, parent);
+}
+
+void CConfigTableScreen::Name(const std::string& title, const std::string& parent)
+{
     m_pMenu->SetTitle(title);
     m_pMenu->SetParentScreen(parent);
     SetMenuNameText(title);
@@ -383,6 +408,18 @@ void CConfigTableScreen::ShowMessage(const std::string& line1, const std::string
 CStatusTableScreen::CStatusTableScreen(const std::string& title, const std::string& parent, std::vector<CRow> lines,
                                        const std::string& style)
     : CTavStatusScreen(style), m_table(std::move(lines), false)
+{
+    Name(title, parent);
+}
+
+CStatusTableScreen::CStatusTableScreen(const std::string& title, const std::string& parent, const CRow* pLines,
+                                       size_t count, const std::string& style)
+    : CTavStatusScreen(style), m_table(pLines, count, false)
+{
+    Name(title, parent);
+}
+
+void CStatusTableScreen::Name(const std::string& title, const std::string& parent)
 {
     m_pMenu->SetTitle(title);
     m_pMenu->SetParentScreen(parent);

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstddef>
+#include <iterator>
 #include <string>
 #include <utility>
 #include <vector>
@@ -20,7 +21,11 @@ class CGenericLine;
 // The rows of one screen and the lines made from them.
 class CLineTable {
 public:
+    // The rows, kept by the table.
     CLineTable(std::vector<CRow> rows, bool editable);
+    // Rows of a table that outlives this one (a screen's static table): referred to, not
+    // copied, as a tree of screens per card would otherwise hold many copies of them.
+    CLineTable(const CRow* pRows, size_t count, bool editable);
 
     // The instance that kCard stands for (".1.2").
     void SetCard(const std::string& instance) { m_strCard = instance; }
@@ -56,12 +61,14 @@ private:
         std::vector<std::pair<std::string, std::string>> entries;  // a From list's, as last set
     };
 
+    void Keep(const CRow* pRows, size_t count);
     std::string Resolve(const std::string& instance) const;
     std::vector<std::string> InstancesOf(const CRow& row, const Zor::CParam& values) const;
     std::vector<std::vector<std::string>> Shape(const Zor::CParam& values) const;
     void MakeLine(CMenuStyle& style, const CRow& row, const std::string& instance, const Zor::CParam& values);
 
-    std::vector<CRow> m_rows;
+    std::vector<CRow> m_owned;          // rows given by value
+    std::vector<const CRow*> m_rows;  // the rows present on this unit, in table order
     bool m_bEditable;
     std::string m_strCard;
     bool m_bMade;
@@ -76,10 +83,21 @@ class CConfigTableScreen : public CTavConfigScreen {
 public:
     CConfigTableScreen(const std::string& title, const std::string& parent, std::vector<CRow> lines,
                        const std::string& style = "Menu Style Basic");
+    // A static table, referred to rather than copied.
+    CConfigTableScreen(const std::string& title, const std::string& parent, const CRow* pLines, size_t count,
+                       const std::string& style = "Menu Style Basic");
     template <std::size_t N>
     CConfigTableScreen(const std::string& title, const std::string& parent, const CRow (&lines)[N],
                        const std::string& style = "Menu Style Basic")
-        : CConfigTableScreen(title, parent, std::vector<CRow>(lines, lines + N), style)
+        : CConfigTableScreen(title, parent, lines, N, style)
+    {
+    }
+    // A braced list of rows is a temporary: kept by value.
+    template <std::size_t N>
+    CConfigTableScreen(const std::string& title, const std::string& parent, CRow (&&lines)[N],
+                       const std::string& style = "Menu Style Basic")
+        : CConfigTableScreen(title, parent, std::vector<CRow>(std::make_move_iterator(lines), std::make_move_iterator(lines + N)),
+                             style)
     {
     }
 
@@ -93,6 +111,7 @@ public:
     CLineTable& Table() { return m_table; }
 
 protected:
+    void Name(const std::string& title, const std::string& parent);
     // The message pause; tests shorten it.
     virtual void Pause(Qb::uint32 ms);
     // Shows a two-row message for a moment, then the screen again (unless it is being left).
@@ -108,10 +127,21 @@ class CStatusTableScreen : public CTavStatusScreen {
 public:
     CStatusTableScreen(const std::string& title, const std::string& parent, std::vector<CRow> lines,
                        const std::string& style = "Menu Style Basic");
+    // A static table, referred to rather than copied.
+    CStatusTableScreen(const std::string& title, const std::string& parent, const CRow* pLines, size_t count,
+                       const std::string& style = "Menu Style Basic");
     template <std::size_t N>
     CStatusTableScreen(const std::string& title, const std::string& parent, const CRow (&lines)[N],
                        const std::string& style = "Menu Style Basic")
-        : CStatusTableScreen(title, parent, std::vector<CRow>(lines, lines + N), style)
+        : CStatusTableScreen(title, parent, lines, N, style)
+    {
+    }
+    // A braced list of rows is a temporary: kept by value.
+    template <std::size_t N>
+    CStatusTableScreen(const std::string& title, const std::string& parent, CRow (&&lines)[N],
+                       const std::string& style = "Menu Style Basic")
+        : CStatusTableScreen(title, parent, std::vector<CRow>(std::make_move_iterator(lines), std::make_move_iterator(lines + N)),
+                             style)
     {
     }
 
@@ -123,6 +153,8 @@ public:
     CLineTable& Table() { return m_table; }
 
 private:
+    void Name(const std::string& title, const std::string& parent);
+
     CLineTable m_table;
 };
 
