@@ -8,71 +8,11 @@
 #include <thread>
 
 #include "Client/TavClient.h"
-#include "Controller.h"
-#include "PanelTest.h"
-#include "Paths.h"
-#include "ScreenManager/TavScreenCreator.h"
-#include "Zor/Zor.h"
+#include "TreeOnUnitd.h"
 
 namespace {
 
-class AdminOnUnitdTest : public PanelTest::CPanelTest {
-protected:
-    void SetUp() override
-    {
-        if (std::string(e2e::kUnitdPath).empty())
-            GTEST_SKIP() << "unitd is not built";
-        std::string error;
-        m_pUnitd.reset(new e2e::CUnitServer("full.json"));
-        ASSERT_TRUE(m_pUnitd->Start(&error)) << error;
-        m_pZor.reset(new Zor::CZorClient("zor.fp", m_pUnitd->Target()));
-        m_pClient.reset(new CTavClient(m_pZor.get()));
-        m_pManager.reset(new CTavScreenManager(nullptr, &Rig().Display(), m_pClient.get()));
-        m_creator.CreateScreens(m_pManager.get(), m_pClient.get());
-    }
-    void TearDown() override
-    {
-        m_pManager.reset();  // screens first: they may still be subscribed
-        m_pClient.reset();
-        m_pZor.reset();
-    }
-
-    void Show(const std::string& name) { m_pManager->ShowScreenLocked(name); }
-    void Press(std::initializer_list<int> keys)
-    {
-        for (int key : keys) {
-            KeyPress_t press = {key, KEY_STATE_DOWN};
-            m_pManager->RouteKey(press);
-        }
-    }
-    ::testing::AssertionResult PanelShows(const std::string& text, bool shown = true, int ms = 10000)
-    {
-        auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
-        for (;;) {
-            std::string panel = Panel();
-            if ((panel.find(text) != std::string::npos) == shown)
-                return ::testing::AssertionSuccess();
-            if (std::chrono::steady_clock::now() > end)
-                return ::testing::AssertionFailure() << (shown ? "no \"" : "still \"") << text << "\" on\n" << panel;
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
-    }
-    // The values the panel wrote to an object since a point of the journal.
-    std::vector<std::string> Written(const std::string& name, int since)
-    {
-        std::vector<std::string> values;
-        for (const auto& write : m_pUnitd->WritesOf(name, since))
-            values.push_back(write["instance"].get<std::string>() + "=" + write["value"].get<std::string>());
-        return values;
-    }
-    using Writes = std::vector<std::string>;
-
-    std::unique_ptr<e2e::CUnitServer> m_pUnitd;
-    std::unique_ptr<Zor::CZorClient> m_pZor;
-    std::unique_ptr<CTavClient> m_pClient;
-    std::unique_ptr<CTavScreenManager> m_pManager;
-    CTavScreenCreator m_creator;
-};
+class AdminOnUnitdTest : public MenusTest::CTreeOnUnitd {};
 
 }  // namespace
 
