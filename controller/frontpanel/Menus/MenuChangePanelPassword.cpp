@@ -46,7 +46,7 @@ void CMenuChangePanelPassword::Pause(Qb::uint32 ms)
 void CMenuChangePanelPassword::ShowMessage(const std::string& line1, const std::string& line2)
 {
     PushToMenu();
-    DrawPanelMessage(*m_pMenu, m_pDisplay, line1, line2);
+    DrawPanelMessage(m_pDisplay, line1, line2);
     Pause(kPanelMessageMs);
     m_pMenu->Redraw(1);
 }

@@ -35,6 +35,6 @@ void CMenuDvbCiConfigServicesMultiSrv::OnOwnLine(CGenericLine* pLine, bool wasEd
     if (program.empty())
         return;
     // The module's own message for any addition, services included (kept as it reads).
-    Message(*m_pMenu, " Adding PID...", "");
+    Message(" Adding PID...", "");
     Select(program, std::string());
 }

@@ -113,7 +113,7 @@ void CMenuDvbCiConfigurePidMultiSrv::OnOwnLine(CGenericLine* pLine, bool wasEdit
         return;
     const std::string pid = pLine->GetValue();  // decimal, as the controller keeps it
     const std::string program = ProgramOfPid(m_read, pid);
-    Message(*m_pMenu, " Adding PID...", "");
+    Message(" Adding PID...", "");
     // A PID the stream does not carry is selected all the same, and shown as such.
     if (Select(program, pid) && program == kNoService)
         m_selections.back().present = false;

@@ -36,7 +36,7 @@ std::string CMenuDvbCiSaveChanges::HandleKey(const KeyPress_t& key)
     if (key.key != KEY_ENTER || m_bReadOnly || m_pStaged == nullptr)
         return next;
     if (m_pAnswer->GetSelectedIndex() == 0)
-        m_pStaged->Save(*m_pMenu);
+        m_pStaged->Save();
     else
         m_pStaged->Discard();
     return m_pStaged->GetMenu()->GetParentScreen();

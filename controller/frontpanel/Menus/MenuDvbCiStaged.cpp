@@ -151,7 +151,7 @@ std::string CMenuDvbCiStaged::HandleKey(const KeyPress_t& key)
             return ScreenName::kNoScreen;
         if (pLine->use == USE_APPLY) {
             if (m_bChanged)
-                Save(*m_pMenu);
+                Save();
             Load();
         } else {
             Unselect(pLine->index);
@@ -175,17 +175,17 @@ std::string CMenuDvbCiStaged::HandleKey(const KeyPress_t& key)
     return next;
 }
 
-void CMenuDvbCiStaged::Message(CMenuStyle& style, const std::string& line1, const std::string& line2)
+void CMenuDvbCiStaged::Message(const std::string& line1, const std::string& line2)
 {
-    DrawPanelMessage(style, m_pDisplay, line1, line2);
+    DrawPanelMessage(m_pDisplay, line1, line2);
     Qb::CThread::Sleep(kPanelMessageMs);
 }
 
-bool CMenuDvbCiStaged::Save(CMenuStyle& style)
+bool CMenuDvbCiStaged::Save()
 {
     if (m_pClient == nullptr)
         return false;
-    Message(style, "Saving Changes...", " Applying...");
+    Message("Saving Changes...", " Applying...");
     Zor::CTxn txn;
     const std::string rowStatus = m_strTable + "RowStatus";
     for (const std::string& row : m_removed)

@@ -26,7 +26,7 @@ public:
     bool HasChanges() const { return m_bChanged; }
     // Shows "Saving Changes..." and writes every change in one transaction (rows that go are
     // destroyed, new ones created with their columns). True when the controller took it.
-    bool Save(CMenuStyle& style);
+    bool Save();
     // Drops the changes; nothing is written.
     void Discard();
 
@@ -56,7 +56,7 @@ protected:
     // Lines made again from the selections, the selection kept on the same place.
     void Remake();
     // Shows a two-row message for a moment (the key thread waits).
-    void Message(CMenuStyle& style, const std::string& line1, const std::string& line2);
+    void Message(const std::string& line1, const std::string& line2);
 
     // Values read on entry: name -> instance -> value (the selections' table, the service
     // information).

@@ -95,7 +95,7 @@ void CMenuFrontpanelLock::Pause(Qb::uint32 ms)
 void CMenuFrontpanelLock::ShowMessage(const std::string& line1, const std::string& line2)
 {
     PushToMenu();
-    DrawPanelMessage(*m_pMenu, m_pDisplay, line1, line2);
+    DrawPanelMessage(m_pDisplay, line1, line2);
     Pause(kPanelMessageMs);
     Build();
     m_pMenu->Redraw(1);

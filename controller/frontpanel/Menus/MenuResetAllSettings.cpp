@@ -39,7 +39,7 @@ std::string CMenuResetAllSettings::HandleKey(const KeyPress_t& key)
     if (m_pAnswer->GetSelectedIndex() != 0)
         return kAdmin;
     const bool reset = m_pClient != nullptr && m_pClient->SendData("utilityResetSettings", ".0", "true");
-    DrawPanelMessage(*m_pMenu, m_pDisplay, reset ? "Reset All Settings Success" : "Reset All Settings Failed", "");
+    DrawPanelMessage(m_pDisplay, reset ? "Reset All Settings Success" : "Reset All Settings Failed", "");
     Pause(kPanelMessageMs);
     if (reset)
         m_pClient->SendData("utilityRebootUnit", ".0", "true");

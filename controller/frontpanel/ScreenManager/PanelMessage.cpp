@@ -2,13 +2,12 @@
 
 #include "Display/Display.h"
 #include "Display/TextAdjustment.h"
-#include "ScreenManager/MenuStyle.h"
 
-void DrawPanelMessage(CMenuStyle& style, CDisplay* pDisplay, const std::string& line1, const std::string& line2)
+void DrawPanelMessage(CDisplay* pDisplay, const std::string& line1, const std::string& line2)
 {
     if (pDisplay == nullptr)
         return;
-    style.Clear(0, 0);
+    pDisplay->Clear();
     std::string first = line1;  // aligned in place
     std::string second = line2;
     pDisplay->WriteAligned(first, 1, ALIGN_CENTRE, 0);

@@ -7,11 +7,10 @@
 #include "Qb/Types.h"
 
 class CDisplay;
-class CMenuStyle;
 
 // How long a message stays up; the key thread waits meanwhile, so keys pressed during it
 // wait in the queue.
 const Qb::uint32 kPanelMessageMs = 1500;
 
 // Clears the panel and shows a two-row message (rows 1 and 2, centred), without key hints.
-void DrawPanelMessage(CMenuStyle& style, CDisplay* pDisplay, const std::string& line1, const std::string& line2);
+void DrawPanelMessage(CDisplay* pDisplay, const std::string& line1, const std::string& line2);

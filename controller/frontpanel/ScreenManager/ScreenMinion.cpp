@@ -4,6 +4,7 @@
 #include "Qb/Thread.h"
 #include "ScreenManager/MenuStyle.h"
 #include "ScreenManager/MenuStyleBasic.h"
+#include "ScreenManager/PanelMessage.h"
 #include "ScreenManager/TavScreenMaster.h"
 
 CScreenMinion::CScreenMinion(CTavScreenMaster* pMaster) : m_pMaster(pMaster), m_pStyle(new CMenuStyleBasic())
@@ -59,16 +60,7 @@ int CScreenMinion::SelectedIndex() const
 
 void CScreenMinion::ShowMessage(const std::string& line1, const std::string& line2)
 {
-    CDisplay* pDisplay = Display();
-    if (pDisplay == nullptr)
-        return;
-    pDisplay->Clear();
-    std::string first = line1;  // aligned in place
-    std::string second = line2;
-    pDisplay->WriteAligned(first, 1, ALIGN_CENTRE, 0);
-    pDisplay->WriteAligned(second, 2, ALIGN_CENTRE, 0);
-    pDisplay->RedrawWindow();
-    pDisplay->SetRightIndicators(0);
+    DrawPanelMessage(Display(), line1, line2);
 }
 
 void CScreenMinion::Pause(Qb::uint32 ms)

@@ -395,7 +395,7 @@ void CConfigTableScreen::Pause(Qb::uint32 ms)
 void CConfigTableScreen::ShowMessage(const std::string& line1, const std::string& line2, bool redraw)
 {
     PushToMenu();
-    DrawPanelMessage(*m_pMenu, m_pDisplay, line1, line2);
+    DrawPanelMessage(m_pDisplay, line1, line2);
     Pause(kPanelMessageMs);
     if (!redraw)
         return;
