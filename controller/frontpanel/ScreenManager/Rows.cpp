@@ -411,13 +411,19 @@ CRow& CRow::Check(AddressCheck rule, const char* line1, const char* line2)
 
 std::string CRow::Shown(const Zor::CParam& valueIn) const
 {
+    return Shown(valueIn, entries);
+}
+
+std::string CRow::Shown(const Zor::CParam& valueIn,
+                        const std::vector<std::pair<std::string, std::string>>& among) const
+{
     std::string raw = valueIn.IsNull() ? std::string() : valueIn.ToString("");
     if (raw.empty())
         return missing;
     for (const auto& text : map)
         if (text.first == raw)
             return text.second;
-    for (const auto& entry : entries)
+    for (const auto& entry : among)
         if (entry.second == raw)
             return entry.first;  // a list shown on a status page
     if (!unknown.empty())
@@ -441,16 +447,20 @@ std::string CRow::ShownFor(const CRowValues& values) const
         if (shown.empty())
             shown = missing;
     } else if (!fromObject.empty()) {
-        CRow withEntries(*this);
-        withEntries.entries = EntriesFrom(values, values.Resolve(kCard));
-        shown = withEntries.Shown(values.Param(object, instance));
+        shown = Shown(values.Param(object, instance), EntriesFrom(values, values.Resolve(kCard)));
     } else {
         shown = Shown(values.Param(object, instance));
     }
+    return shown + SuffixFor(values);
+}
+
+std::string CRow::SuffixFor(const CRowValues& values) const
+{
+    std::string suffix;
     for (const Cond_t& cond : suffixWhen)
         if (Holds(cond, values))
-            shown += cond.text;
-    return shown;
+            suffix += cond.text;
+    return suffix;
 }
 
 bool CRow::IsShown(const CRowValues& values) const

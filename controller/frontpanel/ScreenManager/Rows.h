@@ -155,6 +155,10 @@ public:
 
     // The shown text of a value under this row's map, entries, format, scale, clip, unit.
     std::string Shown(const Zor::CParam& value) const;
+    // The same, the value looked up among these list entries rather than the row's own.
+    std::string Shown(const Zor::CParam& value, const std::vector<std::pair<std::string, std::string>>& among) const;
+    // The texts of the SuffixWhen conditions that hold, in row order.
+    std::string SuffixFor(const CRowValues& values) const;
     // The shown text of the row for one instance, with its computation and conditions.
     std::string ShownFor(const CRowValues& values) const;
     // The row's line, not yet placed. `editable` false (status pages) makes every value row

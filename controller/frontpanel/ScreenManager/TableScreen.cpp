@@ -238,13 +238,8 @@ void CLineTable::Fill(CMenuStyle& style, const Zor::CParam& values, bool all)
                 all = true;  // choose the current value among the new entries
             }
         }
-        if (!row.suffixWhen.empty()) {
-            std::string suffix = row.unit;
-            for (const CRow::Cond_t& cond : row.suffixWhen)
-                if (v(cond.object, cond.instance) == cond.values.front())
-                    suffix += cond.text;
-            made.pLine->SetSuffix(suffix.c_str());
-        }
+        if (!row.suffixWhen.empty())
+            made.pLine->SetSuffix((row.unit + row.SuffixFor(v)).c_str());
         const Zor::CParam& value = v.Param(row.object, made.instance);
         if (all && !value.IsNull())
             made.pLine->SetValue(value.ToString(""));
@@ -352,8 +347,9 @@ void CConfigTableScreen::OnManagedEvent(const std::string& name, const Zor::COid
         if (!m_values.IsMap())
             m_values.Clear(Zor::PT_MAP);
         // A destroyed table row (row status 6) leaves its record.
-        const bool destroyed = m_table.IsPattern(name) && name.size() > 9 &&
-                               name.compare(name.size() - 9, 9, "RowStatus") == 0 && value.ToString("") == "6";
+        // (The cheap tests first: this runs for every event.)
+        const bool destroyed = name.size() > 9 && name.compare(name.size() - 9, 9, "RowStatus") == 0 &&
+                               value.ToString("") == "6" && m_table.IsPattern(name);
         if (destroyed)
             EraseInstance(m_values, name, instance.OidStr());
         else
