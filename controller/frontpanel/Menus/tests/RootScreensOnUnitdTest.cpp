@@ -4,54 +4,27 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <memory>
 #include <thread>
 
-#include "Client/TavClient.h"
-#include "Controller.h"
-#include "Paths.h"
 #include "RootScreensTestKit.h"
-#include "ScreenManager/TavScreenCreator.h"
-#include "Zor/Zor.h"
+#include "TreeOnUnitd.h"
 
 using RootScreens::Row;
 
 namespace {
 
-class RootScreensOnUnitdTest : public PanelTest::CPanelTest {
+class RootScreensOnUnitdTest : public MenusTest::CTreeOnUnitd {
 protected:
-    void SetUp() override
+    RootScreensOnUnitdTest() : CTreeOnUnitd(nullptr) {}
+
+    // The tree on the unit, "Home" on view.
+    void Build(const char* unit)
     {
-        if (std::string(e2e::kUnitdPath).empty())
-            GTEST_SKIP() << "unitd is not built";
-    }
-    void Build(const std::string& unit)
-    {
-        std::string error;
-        m_pUnitd.reset(new e2e::CUnitServer(unit));
-        ASSERT_TRUE(m_pUnitd->Start(&error)) << error;
-        m_pZor.reset(new Zor::CZorClient("zor.fp", m_pUnitd->Target()));
-        m_pClient.reset(new CTavClient(m_pZor.get()));
-        m_pManager.reset(new CTavScreenManager(nullptr, &Rig().Display(), m_pClient.get()));
-        m_creator.CreateScreens(m_pManager.get(), m_pClient.get());
+        Start(unit);
         Show("Home");
     }
-    void TearDown() override
-    {
-        m_pManager.reset();  // screens first: the home page is subscribed
-        m_pClient.reset();
-        m_pZor.reset();
-    }
-    void Show(const std::string& name) { m_pManager->ShowScreenLocked(name); }
-    void Press(int key)
-    {
-        KeyPress_t press = {key, KEY_STATE_DOWN};
-        m_pManager->RouteKey(press);
-    }
-    void Force(const std::string& name, const std::string& instance, const nlohmann::json& value)
-    {
-        ASSERT_TRUE(m_pUnitd->Set(name, instance, value).value("ok", false)) << name << instance;
-    }
+    using CTreeOnUnitd::Press;
+    void Press(int key) { CTreeOnUnitd::Press({key}); }
     // Waits until row r reads the text (events arrive on their own thread).
     ::testing::AssertionResult RowReads(int r, const std::string& text)
     {
@@ -72,12 +45,6 @@ protected:
     {
         return m_pUnitd->ValuesWrittenBy("zor.fp", name);
     }
-
-    std::unique_ptr<e2e::CUnitServer> m_pUnitd;
-    std::unique_ptr<Zor::CZorClient> m_pZor;
-    std::unique_ptr<CTavClient> m_pClient;
-    std::unique_ptr<CTavScreenManager> m_pManager;
-    CTavScreenCreator m_creator;
 };
 
 TEST_F(RootScreensOnUnitdTest, HomePageAndErrorsFollowTheUnit)
