@@ -5,11 +5,12 @@
 #include "Menus/MenuFrontpanelLock.h"
 #include "Qb/Thread.h"
 #include "ScreenManager/MenuStyle.h"
+#include "ScreenManager/ScreenNames.h"
 
 namespace {
 
 const char* const kLockScreen = "Lock/Unlock Front Panel";
-const char* const kNoScreen = "No Screen";
+using ScreenName::kNoScreen;
 const int kPasswordLength = 16;
 const int kPasswordCharSet = 0;
 

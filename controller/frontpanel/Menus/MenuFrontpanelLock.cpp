@@ -11,13 +11,14 @@
 #include "Qb/Thread.h"
 #include "ScreenManager/MenuStyle.h"
 #include "ScreenManager/PanelMessage.h"
+#include "ScreenManager/ScreenNames.h"
 
 namespace {
 
 const char* const kPassword = "frontpanelPassword";
 const char* const kLockMode = "frontpanelLockMode";
 const char* const kInstance = ".0";
-const char* const kNoScreen = "No Screen";
+using ScreenName::kNoScreen;
 
 // The controller keeps at most 16 characters; letters and digits are typed.
 const int kPasswordLength = 16;

@@ -6,6 +6,7 @@
 #include "Qb/Mutex.h"
 #include "Qb/Str.h"
 #include "ScreenManager/MenuStyle.h"
+#include "ScreenManager/ScreenNames.h"
 
 namespace {
 
@@ -16,7 +17,7 @@ const char* const kServiceName = "selectedserviceServiceName";
 const char* const kServiceNum = "selectedserviceServiceNum";
 const char* const kLockMode = "frontpanelLockMode";
 const char* const kBitrate = "tsinputsrcTsBitrate";
-const char* const kNoScreen = "No Screen";
+using ScreenName::kNoScreen;
 
 const size_t kRowWidth = 30;
 const Qb::int32 kHintsAll = 7;

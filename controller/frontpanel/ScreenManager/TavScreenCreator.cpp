@@ -44,11 +44,6 @@ bool CTavScreenCreator::Present(const std::string& subsystem)
     return !Instances(subsystem).empty();
 }
 
-Qb::uint32 CTavScreenCreator::Count(const std::string& subsystem)
-{
-    return static_cast<Qb::uint32>(Instances(subsystem).size());
-}
-
 std::vector<std::string> CTavScreenCreator::Instances(const std::string& subsystem)
 {
     std::vector<std::string> slots;

@@ -54,7 +54,6 @@ protected:
 
 private:
     bool Present(const std::string& subsystem);
-    Qb::uint32 Count(const std::string& subsystem);
     std::vector<std::string> Instances(const std::string& subsystem);
     bool IsTrue(const char* name, const char* instance);
     Qb::uint32 Number(const char* name, const char* instance);
