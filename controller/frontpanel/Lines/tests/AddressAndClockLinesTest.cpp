@@ -114,11 +114,11 @@ TEST_F(ClockLinePanelTest, BoundLinesWriteTheObjectsFormatOnlyWhenAccepted)
     date.BindObject("datetimeNow", ".0");
     date.RefreshValue();
     Keys(date, "EUE");  // month 11 -> 21: refused
-    EXPECT_TRUE(ours(clock.WritesBefore(today + "09:30:00")).empty());
+    EXPECT_TRUE(ours(clock.WritesBefore(today + "08:00:00")).empty());
 
     date.RefreshValue();
     Keys(date, "ERRRRRRRUE");  // 2026 -> 2027
-    std::vector<std::string> writes = ours(clock.WritesBefore(today + "09:30:00"));
+    std::vector<std::string> writes = ours(clock.WritesBefore(today + "08:00:01"));
     ASSERT_EQ(1u, writes.size());
     EXPECT_EQ("11/22/2027 ", writes[0].substr(0, 11));
     EXPECT_EQ(19u, writes[0].size()) << "with the clock's time as it was when written";

@@ -2,6 +2,7 @@
 // writes the controller reports for one object.
 #pragma once
 
+#include <algorithm>
 #include <condition_variable>
 #include <mutex>
 #include <string>
@@ -55,17 +56,21 @@ public:
         m_changed.notify_all();
     }
 
-    // The values written before `marker`, which this call writes and waits for.
+    // The values written before `marker`, which this call writes and waits for. Events come
+    // on the client's own thread, so a value written before the recorder existed may still
+    // arrive: each marker must be a value not written before in the test. Values after the
+    // marker (a clock's tick) are kept for the next call.
     std::vector<std::string> WritesBefore(const std::string& marker)
     {
         m_pClient->SendData(m_strName, m_strInstance, marker);
         std::unique_lock<std::mutex> lock(m_mutex);
-        m_changed.wait_for(lock, std::chrono::seconds(5),
-                           [&] { return !m_values.empty() && m_values.back() == marker; });
-        std::vector<std::string> before(m_values);
-        if (!before.empty() && before.back() == marker)
-            before.pop_back();
-        m_values.clear();
+        auto at = m_values.end();
+        m_changed.wait_for(lock, std::chrono::seconds(5), [&] {
+            at = std::find(m_values.begin(), m_values.end(), marker);
+            return at != m_values.end();
+        });
+        std::vector<std::string> before(m_values.begin(), at);
+        m_values.erase(m_values.begin(), at == m_values.end() ? at : at + 1);
         return before;
     }
 
