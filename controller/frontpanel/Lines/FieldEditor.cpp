@@ -26,7 +26,7 @@ std::string Range(char first, char last)
 
 }  // namespace
 
-CCharSet::CCharSet(const std::string& order) : m_order(order) {}
+CCharSet::CCharSet(const std::string& order, bool byCode) : m_order(order), m_bByCode(byCode) {}
 
 char CCharSet::Step(char current, bool up) const
 {
@@ -39,6 +39,10 @@ char CCharSet::Step(char current, bool up) const
         return m_order[static_cast<size_t>((next + count) % count)];
     }
     int code = static_cast<unsigned char>(current);
+    // Deliberate for sets 5 and 6: a character outside the set (a blank, or "A" in set 5)
+    // moves to the neighbouring code, not into the set.
+    if (m_bByCode)
+        return static_cast<char>((code + (up ? 1 : -1) + 256) % 256);
     for (int i = 1; i < 256; ++i) {
         char candidate = static_cast<char>((code + (up ? i : -i) + 256) % 256);
         if (Contains(candidate))
@@ -54,9 +58,9 @@ const CCharSet& CCharSet::ForTextSet(int set)
     static const CCharSet hosts(
         Members([](int c) { return IsAlnum(c) || c == '-' || c == '.' || c == '_'; }));
     static const CCharSet printable(Range(' ', '~'));
-    // Sets 5 and 6 have their own order rather than byte order.
-    static const CCharSet lowerDigits(Range('a', 'z') + Range('0', '9') + "_");
-    static const CCharSet letters(Range('a', 'z') + Range('A', 'Z') + "_");
+    // Sets 5 and 6 step by code, with fixed steps across the seams of their own order.
+    static const CCharSet lowerDigits(Range('a', 'z') + Range('0', '9') + "_", true);
+    static const CCharSet letters(Range('a', 'z') + Range('A', 'Z') + "_", true);
     switch (set) {
         case 2:
             return names;

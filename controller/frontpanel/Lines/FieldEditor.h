@@ -14,7 +14,9 @@
 // range (so a blank fill becomes "0" on UP in most sets).
 class CCharSet {
 public:
-    explicit CCharSet(const std::string& order);
+    // Members step through `order`, wrapping. Any other character steps to the nearest
+    // member in byte order, or with `byCode` (sets 5 and 6) simply to the next code.
+    explicit CCharSet(const std::string& order, bool byCode = false);
 
     char Step(char current, bool up) const;
     bool Contains(char c) const { return m_order.find(c) != std::string::npos; }
@@ -26,6 +28,7 @@ public:
 
 private:
     std::string m_order;
+    bool m_bByCode;
 };
 
 // The edit copy of a value of L characters shown in a field of W + 1 columns, a cursor
