@@ -20,23 +20,23 @@ void CGenericStringLine::SetMaxLength(int maxLength)
 
 bool CGenericStringLine::SetValue(const char* value)
 {
-    std::string text = value != nullptr ? value : "";
-    CDisplay::ReplaceUnsupportedChars(text);
-    if (static_cast<int>(text.size()) > m_iMaxLength)
-        text.resize(static_cast<size_t>(m_iMaxLength));
-    m_strValue = text;
+    m_strHeld = value != nullptr ? value : "";
+    m_strShown = m_strHeld;
+    CDisplay::ReplaceUnsupportedChars(m_strShown);
+    if (static_cast<int>(m_strShown.size()) > m_iMaxLength)
+        m_strShown.resize(static_cast<size_t>(m_iMaxLength));
     return true;
 }
 
 std::string CGenericStringLine::GetValue()
 {
-    return m_bEditing ? WithoutFill(Editor().Text()) : m_strValue;
+    return m_bEditing ? WithoutFill(Editor().Text()) : m_strHeld;
 }
 
 CEntryLine::Template_t CGenericStringLine::EditTemplate()
 {
     Template_t edit;
-    edit.text = m_strValue;
+    edit.text = m_strShown;
     edit.text.resize(static_cast<size_t>(m_iMaxLength), kFill);
     edit.sets.assign(edit.text.size(), &CCharSet::ForTextSet(m_iCharSet));
     return edit;
@@ -44,7 +44,11 @@ CEntryLine::Template_t CGenericStringLine::EditTemplate()
 
 bool CGenericStringLine::Accept(const std::string& edited)
 {
-    m_strValue = WithoutFill(edited);
+    // Confirmed unchanged, the value stays what the unit held, uncut: what was shown is
+    // only the part that fits.
+    std::string typed = WithoutFill(edited);
+    if (typed != m_strShown)
+        m_strHeld = m_strShown = typed;
     return true;
 }
 

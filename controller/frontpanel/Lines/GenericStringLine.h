@@ -7,10 +7,11 @@
 //                      "-", "_"; 3 letters, digits, "-", ".", "_"; 4 printable characters
 //                      from space to "~"; 5 "a".."z", "0".."9", "_"; 6 "a".."z", "A".."Z", "_"
 //   SetExtra(v)        a further setting kept for the screens; not used by the keys
-//   SetValue(text)     the committed value (texts from the controller are made safe for
-//                      the panel; longer ones are cut to the maximum length)
-//   GetValue()         the edit copy while editing, else the committed value; trailing
-//                      blanks of the edit copy are never part of it
+//   SetValue(text)     the committed value; it is shown made safe for the panel and cut
+//                      to the maximum length, but kept whole
+//   GetValue()         the edit copy while editing, else the committed value (whole, as
+//                      long as the user confirmed it unchanged); trailing blanks of the
+//                      edit copy are never part of it
 //
 // While editing, the copy is padded with blanks to the maximum length; the field shows the
 // row's width less the label and scrolls when the value is wider.
@@ -35,6 +36,7 @@ public:
 
 protected:
     Template_t EditTemplate() override;
+    std::string DisplayText() override { return m_strShown; }
     bool Accept(const std::string& edited) override;
 
 private:
@@ -42,6 +44,7 @@ private:
 
     int m_iMaxLength;
     int m_iCharSet;
-    std::string m_strValue;
+    std::string m_strHeld;   // as set, whole
+    std::string m_strShown;  // as drawn and edited: made safe, cut to the maximum length
     int m_iExtra;
 };

@@ -69,7 +69,12 @@ TEST(GenericStringLine, EditsACopyThatEnterCommitsAndExitDrops)
     EXPECT_EQ("bb!", line.GetValue()) << "EXIT put the cursor back on the first position";
 
     line.SetValue("a much longer text");
-    EXPECT_EQ("a much", line.GetValue()) << "cut to the maximum length";
+    EXPECT_TRUE(Keys(line, "E"));
+    EXPECT_EQ("a much", line.GetValue()) << "edited as cut to the maximum length";
+    EXPECT_FALSE(Keys(line, "E"));
+    EXPECT_EQ("a much longer text", line.GetValue()) << "confirmed unchanged, kept whole";
+    EXPECT_FALSE(Keys(line, "EUE"));
+    EXPECT_EQ("b much", line.GetValue()) << "changed: what the user saw and typed";
 
     CGenericStringLine readOnly(4);
     readOnly.SetReadOnly(true);
@@ -143,7 +148,7 @@ TEST_F(StringLinePanelTest, EnterWritesTheValueOnceAndExitWritesNothing)
 {
     CTavClient* pClient = Client();
     LineTest::CWriteRecorder writes(pClient, "unitAlias", ".0");
-    CGenericStringLine* pLine = new CGenericStringLine(20, 4);
+    CGenericStringLine* pLine = new CGenericStringLine(12, 4);
     pLine->BindObject("unitAlias", ".0");
     Add(new PanelTest::CTableScreen("Unit", "No Screen", {{"Alias: ", "", true, pLine}}), "Unit");
     Show("Unit");
@@ -158,4 +163,12 @@ TEST_F(StringLinePanelTest, EnterWritesTheValueOnceAndExitWritesNothing)
         Press(key);
     EXPECT_EQ((std::vector<std::string>{"Vplink IRD 3"}), writes.WritesBefore("Rack 8"))
         << "ENTER writes the edited value, once";
+
+    const std::string wide = "Uplink IRD 3 rack 8";  // wider than the line's 12
+    EXPECT_TRUE(writes.WritesBefore(wide).empty());
+    pLine->RefreshValue();
+    for (int key : {KEY_ENTER, KEY_ENTER})
+        Press(key);
+    EXPECT_EQ((std::vector<std::string>{wide}), writes.WritesBefore("Rack 9"))
+        << "confirmed unchanged, the value goes back whole";
 }
