@@ -158,15 +158,17 @@ bool CGenericList::HandleKey(const KeyPress_t& key)
             return false;
         case KEY_ENTER:
             if (!m_bEditing) {
-                // Nothing to choose from: no edit.
-                if (!m_bReadOnly && visible)
+                // Editing starts even with nothing to choose from: the panel shows the
+                // edit, and UP and DOWN then change nothing.
+                if (!m_bReadOnly)
                     m_bEditing = true;
                 m_iPending = m_iCommitted;
                 return m_bEditing;
             }
             m_bEditing = false;
             m_iCommitted = m_iPending;
-            if (!m_bReadOnly && m_bBound)
+            // A list without entries has no committed entry, so no value to write.
+            if (!m_bReadOnly && m_bBound && GetEntryCount() > 0)
                 WriteObject(GetValue());
             if (m_onCommit)
                 m_onCommit(*this);

@@ -25,7 +25,9 @@ TEST(GenericList, HiddenEntriesAreNeverOfferedAndEditsWrap)
 {
     CGenericList list;
     EXPECT_EQ("", list.GetValue()) << "no entries";
-    EXPECT_FALSE(Keys(list, "UDE")) << "keys on an empty list change nothing";
+    EXPECT_TRUE(Keys(list, "UDE")) << "an empty list takes the edit";
+    EXPECT_FALSE(Keys(list, "UDE")) << "UP and DOWN change nothing, ENTER ends it";
+    EXPECT_EQ("", list.GetValue());
     Fill(list, {"A", "B", "C", "D", "E"});
     EXPECT_TRUE(list.HideEntry(1));
     EXPECT_TRUE(list.HideEntry(3));
