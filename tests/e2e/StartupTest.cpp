@@ -112,8 +112,10 @@ TEST_F(StartupTest, OrderlyStopKeepsTheProfileApplySubscription)
     StartUnit();
     CChildProcess& fp = StartDaemon();
     ASSERT_TRUE(WaitRunning(fp)) << fp.Describe();
-    if (Tap().Find("subscribe", "updateStart").empty())
-        GTEST_SKIP() << "start-up has no update and profile-apply sinks yet";
+    // Start-up subscribes both sinks; a lost subscription is a failure, not a skip.
+    for (int ms = 0; ms < kWaitMs && Tap().Find("subscribe", "updateStart").empty(); ms += 20)
+        usleep(20 * 1000);
+    ASSERT_EQ(Tap().Find("subscribe", "updateStart").size(), 1u);
     EXPECT_EQ(Tap().Find("subscribe", "profileApplyProfileState").size(), 1u);
 
     ASSERT_TRUE(StopDaemon(fp)) << fp.Describe();

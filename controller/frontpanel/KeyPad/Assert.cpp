@@ -4,13 +4,19 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 
 void FpAssertFail(const char* expr, const char* file, unsigned line, const char* function)
 {
-    // Build paths are absolute; the message names the file as the source tree does.
+    // Build paths are absolute; the message names the source as the tree does, from
+    // "controller/" on and without its extension.
     const char* shown = std::strstr(file, "controller/");
+    std::string source = shown != nullptr ? shown : file;
+    std::string::size_type dot = source.rfind('.');
+    if (dot != std::string::npos && source.find('/', dot) == std::string::npos)
+        source.erase(dot);
     std::fprintf(stderr, "%s: %s:%u: %s: Assertion `%s' failed.\n", program_invocation_short_name,
-                 shown != nullptr ? shown : file, line, function, expr);
+                 source.c_str(), line, function, expr);
     std::fflush(stderr);
     std::abort();
 }

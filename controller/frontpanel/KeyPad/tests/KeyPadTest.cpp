@@ -113,7 +113,7 @@ TEST_F(KeyPad, ForeignShortAndUnknownReportsChangeNothing)
         "P10CTavKeyPad::ProcessData Received Unhandled Payload Identifier:J\n"
         "P10CTavKeyPad::ProcessData Ignored short key report of 3 bytes\n",
         log.Text());
-    EXPECT_EQ(7u, pad.KeyStates().size());
+    EXPECT_EQ(KeyStateTable_t({{0, 2}, {1, 2}, {2, 2}, {3, 2}, {4, 2}, {5, 2}, {6, 2}}), pad.KeyStates());
     EXPECT_EQ(0, pad.QueuedEvents());
 }
 
@@ -135,8 +135,8 @@ TEST_F(KeyPad, FailedThreadStartIsLoggedAndClearsRunning)
     CTestKeyPad second("/nonexistent/panel.socket");
     second.m_iFailStart = 1;
     second.Initialize();
+    EXPECT_FALSE(second.IsRunning()) << "a failed read thread clears it too";
     second.StopAndJoin();
-    EXPECT_FALSE(second.IsRunning());
     pad.StopAndJoin();
     EXPECT_NE(std::string::npos, log.Text().find("P10CTavKeyPad::Initialize("));
     EXPECT_NE(std::string::npos, log.Text().find(") KeyPadWatcher failed rc=0\n"));
@@ -148,7 +148,7 @@ TEST(KeyPadDeathTest, NullDataClientIsAnAssertion)
     Qb::CStreamSocket socket(Qb::CLocalSocketAddress("/nonexistent/panel.socket"));
     EXPECT_DEATH(
         { CTavKeyPad pad(socket, nullptr); },
-        "controller/frontpanel/KeyPad/TavKeyPad.cpp:[0-9]+: CTavKeyPad::CTavKeyPad\\(Qb::CStreamSocket&, "
+        "controller/frontpanel/KeyPad/TavKeyPad:[0-9]+: CTavKeyPad::CTavKeyPad\\(Qb::CStreamSocket&, "
         "CTavClient\\*\\): Assertion `m_pDb != __null' failed");
 }
 
