@@ -99,6 +99,9 @@ void CTavFrontpanel::Initialize(Qb::CDaemon& daemon)
     m_pKeyPressMonitor = new CKeyPressMonitor(m_pScreenManager, &client.GetWakeUpTimer());
     TEventHandler<CKeyPressMonitor> monitorHandler(m_pKeyPressMonitor);
     m_pKeyPad->Register(&monitorHandler);
+    // A panel that comes (back) after start-up shows nothing until it is sent everything.
+    CDisplayHw* pDisplay = m_pDisplay;
+    m_pKeyPad->SetReconnectHandler([pDisplay] { pDisplay->Repaint(); });
     m_pKeyPad->Initialize();
 
     Qb::MyPrintf("Initialize: Exit\n");

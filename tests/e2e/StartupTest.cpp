@@ -167,14 +167,39 @@ TEST_F(StartupTest, BadOptionPrintsUsageAndExits2)
 }
 
 // The socket library retries the panel from the keypad's reads, so a ttyhub that comes up
-// after the daemon still gets its connection; keys then flow and the stop still joins the
-// keypad's threads in order.
-TEST_F(StartupTest, ConnectsToAPanelThatAppearsLaterAndStopsWithKeysFlowing)
+// after the daemon, or comes back after a restart, still gets its connection and is shown
+// the current screen without a key; keys then flow and the stop still joins the keypad's
+// threads in order.
+TEST_F(StartupTest, APanelThatAppearsLaterOrComesBackIsShownTheScreen)
 {
     CChildProcess& fp = StartDaemon();
     ASSERT_TRUE(WaitRunning(fp)) << fp.Describe();
     CPanelEnd& panel = StartPanel();
     ASSERT_TRUE(panel.WaitForConnections(1, kWaitMs)) << fp.Describe();
+    const std::string clear = "\x09\x30\x7e";
+    ASSERT_NE(panel.WaitForReceived(clear, 2000), std::string::npos) << Hex(panel.Received());
+    // The home page; its bit rate may move, the other rows stay.
+    auto shown = [&panel] {
+        std::string screen = panel.Screen();
+        for (const char* text : {"Uplink IRD 3", "Input: DVB-S2", "IP: 10.20.4.31", "Service: News 24 HD"})
+            if (screen.find(text) == std::string::npos)
+                return false;
+        return true;
+    };
+    long long deadline = NowMs() + 2000;
+    while (!shown() && NowMs() < deadline)
+        usleep(20000);
+    ASSERT_TRUE(shown()) << panel.Screen();
+
+    size_t from = panel.Received().size();
+    panel.Drop();
+    ASSERT_TRUE(panel.WaitForConnections(2, kWaitMs)) << fp.Describe();
+    ASSERT_NE(panel.WaitForReceived(clear, 2000, from), std::string::npos) << "no key pressed";
+    deadline = NowMs() + 2000;
+    while (!shown() && NowMs() < deadline)
+        usleep(20000);
+    EXPECT_TRUE(shown()) << panel.Screen();
+    EXPECT_EQ(panel.ScreenErrors(), 0) << panel.ScreenLastError();
 
     for (int key : {CPanelEnd::KEY_DOWN, CPanelEnd::KEY_ENTER, CPanelEnd::KEY_EXIT})
         EXPECT_TRUE(panel.Press(key));

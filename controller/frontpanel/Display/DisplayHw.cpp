@@ -1,5 +1,7 @@
 #include "Display/DisplayHw.h"
 
+#include <cstring>
+
 using Qb::int32;
 
 namespace {
@@ -32,7 +34,7 @@ void AppendValue(std::string& bytes, int32 value)
 
 }  // namespace
 
-CDisplayHw::CDisplayHw(Qb::CStreamSocket& socket) : m_rSocket(socket), m_bHighlight(false)
+CDisplayHw::CDisplayHw(Qb::CStreamSocket& socket) : m_rSocket(socket), m_bHighlight(false), m_shadow()
 {
     ClearScreen();
 }
@@ -42,9 +44,33 @@ CDisplayHw::~CDisplayHw() {}
 void CDisplayHw::ClearScreen()
 {
     Qb::CMutexLocker lock(m_mutex);
-    Send(std::string{kFrameStart, '0', kFrameEnd});
+    SendClear();
     // The panel is blank now: the next window image must be sent even if it is the last one.
     ForgetLastScreen();
+}
+
+void CDisplayHw::Repaint()
+{
+    Qb::CMutexLocker lock(m_mutex);
+    const Shadow_t shown = m_shadow;
+    const bool highlight = m_bHighlight;
+    SendClear();
+    for (int32 row = 0; row < DISPLAY_ROWS; ++row) {
+        SendPosition(row, 0);
+        for (int32 column = 0; column < DISPLAY_COLUMNS;) {
+            const bool lit = shown.lit[row][column];
+            int32 end = column;
+            while (end < DISPLAY_COLUMNS && shown.lit[row][end] == lit)
+                ++end;
+            if (lit != m_bHighlight)
+                SendHighlight(lit);
+            SendText(std::string(&shown.cells[row][column], static_cast<size_t>(end - column)));
+            column = end;
+        }
+    }
+    // Every drawing operation places the cursor first: only the highlight mode is restored.
+    if (m_bHighlight != highlight)
+        SendHighlight(highlight);
 }
 
 void CDisplayHw::DrawScreen(const std::string& text)
@@ -97,6 +123,7 @@ void CDisplayHw::DrawBlanks(int32 count, int32 column, int32 row)
     std::string bytes{kFrameStart, 'T'};
     if (count > 0) {
         bytes.append(static_cast<size_t>(count), ' ');
+        Shade(std::string(static_cast<size_t>(count), ' '));
     }
     // The panel expects a line feed before the end byte of this command.
     bytes += '\n';
@@ -162,8 +189,32 @@ void CDisplayHw::Send(const std::string& bytes)
     m_rSocket.Write(bytes.data(), static_cast<int>(bytes.size()));
 }
 
+void CDisplayHw::SendClear()
+{
+    Send(std::string{kFrameStart, '0', kFrameEnd});
+    std::memset(m_shadow.cells, ' ', sizeof m_shadow.cells);
+    std::memset(m_shadow.lit, 0, sizeof m_shadow.lit);
+    m_shadow.row = 0;
+    m_shadow.column = 0;
+}
+
+void CDisplayHw::Shade(const std::string& text)
+{
+    if (m_shadow.row < 0 || m_shadow.row >= DISPLAY_ROWS)
+        return;
+    for (char c : text) {
+        if (m_shadow.column < 0 || m_shadow.column >= DISPLAY_COLUMNS)
+            return;
+        m_shadow.cells[m_shadow.row][m_shadow.column] = c;
+        m_shadow.lit[m_shadow.row][m_shadow.column] = m_bHighlight;
+        ++m_shadow.column;
+    }
+}
+
 void CDisplayHw::SendPosition(int32 row, int32 column)
 {
+    m_shadow.row = row;
+    m_shadow.column = column;
     // Row first, then column; each its own command, written together.
     std::string bytes{kFrameStart, 'Y'};
     AppendValue(bytes, row);
@@ -175,6 +226,7 @@ void CDisplayHw::SendPosition(int32 row, int32 column)
 
 void CDisplayHw::SendText(const std::string& text)
 {
+    Shade(text);
     std::string bytes{kFrameStart, 'T'};
     bytes += EscapeText(text);
     bytes += kFrameEnd;

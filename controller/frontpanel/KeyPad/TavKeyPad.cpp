@@ -139,11 +139,24 @@ void CTavKeyPad::ReadThreadRun()
     Qb::uint8 buffer[kReadBufferSize];
     std::memset(buffer, 0, sizeof(buffer));
     CFrameAssembler assembler;  // its frame index and state carry over from read to read
+    Qb::uint32 connects = m_rSocket.Connects();
 
     while (m_bRunning) {
         ResetIfSuspended();
         // Errors and time-outs alike mean no bytes this pass; the socket reconnects itself.
         int count = m_rSocket.Read(buffer, kReadBufferSize, kReadTimeoutMs);
+        if (m_rSocket.Connects() != connects) {
+            // A new panel: the keys held on the old one are released as if reported (so a
+            // hold or a combination ends for the handlers too), half a frame from it is
+            // dropped, and it must be shown the current screen.
+            connects = m_rSocket.Connects();
+            assembler = CFrameAssembler();
+            for (const auto& key : KeyStates())
+                if (key.second == KEY_STATE_DOWN)
+                    SetKeyState(key.first, KEY_STATE_UP);
+            if (m_onReconnect)
+                m_onReconnect();
+        }
         for (int i = 0; i < count; ++i) {
             if (assembler.Add(buffer[i]))
                 ProcessData(assembler.Frame(), assembler.Length());

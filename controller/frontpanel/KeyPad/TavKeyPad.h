@@ -4,6 +4,7 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 
 #include "Client/EventSource.h"
 #include "KeyPad/KeyPress.h"
@@ -41,6 +42,10 @@ public:
     // False when no handler at all is registered; otherwise removes every registration of
     // pHandler and returns true, even if pHandler was not among them.
     virtual bool Unregister(CEventHandler* pHandler);
+
+    // Called on the read thread when the socket reaches a new panel (after the first
+    // connection): the new panel shows nothing yet. Set before Initialize.
+    void SetReconnectHandler(std::function<void()> handler) { m_onReconnect = std::move(handler); }
 
     // Sets the running flag and starts the watcher thread, then the read thread. A thread
     // that cannot start is logged and clears the running flag.
@@ -94,6 +99,7 @@ private:
     int TakeSnapshot();
 
     CEventSource m_eventSource;
+    std::function<void()> m_onReconnect;
     bool m_bCombo;  // a combination-down event was sent, its combination-up not yet (watcher)
     std::atomic<bool> m_bRunning;
     log4cpp::Category& m_log;

@@ -44,7 +44,7 @@ private:
 };
 
 CStreamSocket::CStreamSocket(const CLocalSocketAddress& address)
-    : m_strPath(address.Path()), m_uLastAttempt(0), m_bAttempted(false), m_bClosed(false)
+    : m_strPath(address.Path()), m_uLastAttempt(0), m_uConnects(0), m_bAttempted(false), m_bClosed(false)
 {
     Connection(true);
 }
@@ -90,6 +90,7 @@ CStreamSocket::FdPtr CStreamSocket::Connection(bool mayReconnect)
     if (rc != 0)
         return FdPtr();
     m_pFd = conn;
+    ++m_uConnects;
     lock.unlock();
     m_cond.notify_all();
     return conn;
@@ -191,6 +192,12 @@ bool CStreamSocket::IsConnected()
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     return static_cast<bool>(m_pFd);
+}
+
+uint32 CStreamSocket::Connects()
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_uConnects;
 }
 
 void CStreamSocket::Close()

@@ -55,6 +55,12 @@ public:
         ::send(m_iPeer, bytes.data(), bytes.size(), MSG_NOSIGNAL);
     }
     void Key(int key, int state) { Send({0x09, 'K', Qb::uint8(key), Qb::uint8(state), 0x7E}); }
+    // Closes the connection, as a restarting multiplexer would.
+    void Drop()
+    {
+        ::close(m_iPeer);
+        m_iPeer = -1;
+    }
 
 private:
     int m_iListen;

@@ -18,6 +18,7 @@ protected:
     {
         ASSERT_TRUE(panel.Accept());
         pad.Register(&recorder);
+        pad.SetReconnectHandler([this] { ++reconnects; });
         testing::internal::CaptureStdout();
         pad.Initialize();
     }
@@ -40,6 +41,7 @@ protected:
     CPanelEnd panel;
     CTestKeyPad pad;
     CRecorder recorder;
+    std::atomic<int> reconnects{0};
     bool m_bFinished = false;
 };
 
@@ -99,6 +101,25 @@ TEST_F(KeyPadThreads, CombinationDownUntilOneKeyIsLeft)
                                                     "(KEY LEFT Down\\+,COMBO_DOWN 13\\+,){2,}"
                                                     "KEY LEFT Down\\+,COMBO_UP 1\\+,(KEY LEFT Down\\+?,)*")))
         << events;
+}
+
+// A panel that goes away cannot report its releases: the keys held on it are released when
+// a new one connects, so no combination or hold outlives it, and the owner hears of it.
+TEST_F(KeyPadThreads, ANewPanelEndsTheOldOnesKeysAndIsAnnounced)
+{
+    panel.Key(KEY_LEFT, KEY_STATE_DOWN);
+    panel.Key(KEY_RIGHT, KEY_STATE_DOWN);
+    ASSERT_TRUE(recorder.WaitFor(0, "COMBO_DOWN 13,"));
+    EXPECT_EQ(0, reconnects.load());
+    panel.Drop();
+    ASSERT_TRUE(panel.Accept());
+    for (int i = 0; i < 100 && reconnects.load() == 0; ++i)
+        Qb::CThread::Sleep(20);
+    EXPECT_EQ(1, reconnects.load());
+    Finish();
+    EXPECT_TRUE(std::regex_search(recorder.Events(), std::regex("COMBO_UP [0-9]*\\+?,(KEY [A-Z]+ Down\\+?,)*$")))
+        << recorder.Events();
+    EXPECT_EQ(KeyStateTable_t({{0, 2}, {1, 2}, {2, 2}, {3, 2}, {4, 2}, {5, 2}, {6, 2}}), pad.KeyStates());
 }
 
 TEST_F(KeyPadThreads, DestructorJoinsBothThreadsWithinAPass)

@@ -39,6 +39,8 @@ public:
 
     // True while connected; does not try to connect.
     bool IsConnected();
+    // Connections made so far: a change tells a new peer, which knows nothing yet.
+    uint32 Connects();
     // Disconnects for good: a waiting Read returns, later calls fail.
     void Close();
     const std::string& Path() const { return m_strPath; }
@@ -56,6 +58,7 @@ private:
     std::condition_variable m_cond;  // wakes a reader waiting for the connection
     FdPtr m_pFd;                     // shared: a reader keeps its fd open while a writer drops it
     uint32 m_uLastAttempt;
+    uint32 m_uConnects;
     bool m_bAttempted;
     bool m_bClosed;
     std::mutex m_writeMutex;  // one Write at a time, so frames never interleave
