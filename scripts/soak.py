@@ -219,6 +219,21 @@ def sanitizer_report(path):
     return None
 
 
+def thread_stacks(pid, logdir):
+    """Every thread's stack of the live daemon, taken with gdb before the teardown."""
+    path = os.path.join(logdir, "hang-stacks.txt")
+    try:
+        out = subprocess.run(["gdb", "-p", str(pid), "-batch", "-nx", "-ex", "thread apply all bt"],
+                             stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=60,
+                             universal_newlines=True).stdout
+    except (OSError, subprocess.TimeoutExpired) as e:
+        return "thread stacks: gdb failed (%s)" % e
+    with open(path, "w") as f:
+        f.write(out)
+    stacks = "\n".join(l for l in out.splitlines() if l.startswith(("Thread ", "#")))
+    return "thread stacks (also in %s):\n%s" % (path, stacks)
+
+
 def main():
     ap = argparse.ArgumentParser()
     ap.add_argument("--seconds", type=int, default=120)
@@ -330,6 +345,7 @@ def main():
                 if {"UP", "DOWN", "EXIT"} <= names:
                     failures.append("hang: %d keys (%s) unanswered for %.1f s" %
                                     (len(pending), ",".join(k for _, k in pending), t - pending[0][0]))
+                    failures.append(thread_stacks(fp.pid, logdir))
                     break
             if excused:
                 with panel.lock:
