@@ -7,7 +7,7 @@ packages=(
   build-essential cmake pkg-config
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   liblog4cpp5-dev nlohmann-json3-dev libncurses-dev
-  util-linux procps python3
+  util-linux procps python3 gcovr
 )
 # Extra groups: "cross" for the 32-bit ARM build, "fuzz" for the fuzzers.
 for group in "$@"; do

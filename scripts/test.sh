@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds everything and runs every test.
-#   scripts/test.sh                     Debug build in build/
+#   scripts/test.sh                     Debug build in build/, instrumented for coverage
+#                                       (scripts/coverage.sh reports it)
 #   scripts/test.sh --sanitize address  ASan+UBSan build in build-asan/
 #   scripts/test.sh --sanitize thread   TSan build in build-tsan/
 # Any further arguments go to ctest (for example -R Keypad or -L e2e).
@@ -22,9 +23,14 @@ esac
 "$root/scripts/deps.sh"
 
 jobs=$(nproc)
+plain=$([[ -z "$sanitize" ]] && echo ON || echo OFF)
 cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Debug -DFP_SANITIZE="$sanitize" -DFP_WERROR=ON \
-  -DFP_BUILD_BENCHMARKS=$([[ -z "$sanitize" ]] && echo ON || echo OFF) >/dev/null
+  -DFP_BUILD_BENCHMARKS="$plain" -DFP_COVERAGE="$plain" >/dev/null
 cmake --build "$build" -j"$jobs"
+# Coverage counts add up from run to run: start from none, so the report is this run's.
+if [[ -z "$sanitize" ]]; then
+  find "$build" -name '*.gcda' -delete
+fi
 
 # Halt on the first sanitizer report, so no finding scrolls by unnoticed.
 # check_printf=0: the select line's deliberate two-step "%0%X" pattern is not a fault.
