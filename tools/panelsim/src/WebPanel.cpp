@@ -153,6 +153,7 @@ void CWebPanel::Routes()
         res.set_header("Cache-Control", "no-store");
         res.set_content(std::string(kWebPage, kWebPageSize), "text/html; charset=utf-8");
     });
+    m_pHttp->Get("/favicon.ico", [](const httplib::Request&, httplib::Response& res) { res.status = 204; });
     m_pHttp->Get("/state", [this](const httplib::Request&, httplib::Response& res) {
         std::lock_guard<std::mutex> lock(m_mutex);
         res.set_content(m_strSnapshot, "application/json");
