@@ -30,7 +30,7 @@ a { color: #9fe3ff; }
 .row { white-space: pre; }
 .cell { display: inline-block; width: 0.62em; text-align: center; color: #9fe3ff; }
 .hl { background: #9fe3ff; color: #0d2a36; }
-ul.toc { columns: 3; font-size: 13px; }
+ul.toc { columns: 3; font-size: 13px; list-style: none; padding-left: 0; }
 """
 
 
@@ -106,10 +106,11 @@ def unit_page(unit, folder, tree):
     depth = -1
     placed = set()
 
-    def screen(name, keys):
+    def screen(name, keys, level=0):
         rows = panels[name]
         anchor = html.escape(name)
-        toc.append('<li><a href="#%s">%s</a></li>' % (anchor, html.escape(title_of(rows, name))))
+        toc.append('<li style="margin-left: %dem"><a href="#%s">%s</a></li>'
+                   % (level, anchor, html.escape(title_of(rows, name))))
         return ('<div class="screen" id="%s"><div class="name"><b>%s</b><span class="keys">%s &middot; %s</span>'
                 '</div>%s</div>' % (anchor, html.escape(title_of(rows, name)), anchor, html.escape(keys),
                                     panel_html(rows)))
@@ -123,7 +124,7 @@ def unit_page(unit, folder, tree):
         while depth < level - 1:  # a level skipped in the file: keep the nesting whole
             body.append('<div class="children">')
             depth += 1
-        body.append(screen(name, keys))
+        body.append(screen(name, keys, level))
         body.append('<div class="children">')
         depth = level
         placed.add(name)
