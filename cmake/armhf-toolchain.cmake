@@ -39,6 +39,10 @@ set(CMAKE_MODULE_LINKER_FLAGS_INIT "${_fp_link}")
 # everything here is built by one compiler, so the note is noise.
 set(CMAKE_CXX_FLAGS_INIT "-Wno-psabi")
 
+# The unpacked packages' architecture-specific headers (OpenSSL's configuration, included by
+# cpp-httplib) sit in the multiarch folder, which the cross compiler does not search there.
+string(APPEND CMAKE_CXX_FLAGS_INIT " -isystem ${FP_ARMHF_SYSROOT}/usr/include/arm-linux-gnueabihf")
+
 # ctest and test discovery run the ARM binaries through user-mode qemu; -L points the
 # guest's loader at the cross libc, LD_LIBRARY_PATH at the unpacked libraries.
 set(CMAKE_CROSSCOMPILING_EMULATOR qemu-arm -L "${FP_ARMHF_LIBC}" -E "LD_LIBRARY_PATH=${_fp_libdirs}")

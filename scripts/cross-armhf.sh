@@ -27,6 +27,8 @@ packages=(
   libgtest-dev:armhf libgmock-dev:armhf
   liblog4cpp5-dev:armhf liblog4cpp5v5:armhf
   libncurses-dev:armhf libncurses6:armhf libncursesw6:armhf libtinfo6:armhf
+  libcpp-httplib-dev:armhf libcpp-httplib0.11:armhf libssl-dev:armhf libssl3:armhf
+  zlib1g-dev:armhf zlib1g:armhf libbrotli-dev:armhf libbrotli1:armhf
   nlohmann-json3-dev # architecture-independent: headers and CMake files only
 )
 

@@ -16,13 +16,15 @@ panelsim="$build/tools/panelsim/panelsim"
 socket=/var/run/ttyhub.ttyS4.socket
 log=$(mktemp /tmp/frontpanel-demo.XXXXXX)
 
-# The daemon waits for the emulator's socket, so the panel sees it clear the display.
+# The daemon waits for the emulator's socket, so the panel sees it clear the display. It runs
+# in a session of its own: Ctrl-C (the way out of a web panel without a terminal) reaches
+# the emulator only, and the daemon is stopped in order below.
 (
   for _ in $(seq 100); do
     [[ -S "$socket" ]] && break
     sleep 0.1
   done
-  exec "$frontpanel" --controller embedded
+  exec setsid "$frontpanel" --controller embedded
 ) </dev/null >"$log" 2>&1 &
 daemon=$!
 trap 'kill -KILL "$daemon" 2>/dev/null || true' EXIT

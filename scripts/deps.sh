@@ -6,15 +6,17 @@ set -euo pipefail
 packages=(
   build-essential cmake pkg-config
   googletest libgtest-dev libgmock-dev libbenchmark-dev
-  liblog4cpp5-dev nlohmann-json3-dev libncurses-dev
+  liblog4cpp5-dev nlohmann-json3-dev libncurses-dev libcpp-httplib-dev
   util-linux procps python3 gcovr
 )
-# Extra groups: "cross" for the 32-bit ARM build, "fuzz" for the fuzzers.
+# Extra groups: "cross" for the 32-bit ARM build, "fuzz" for the fuzzers, "browser" for the
+# web panel's test in a headless browser.
 for group in "$@"; do
   case "$group" in
     cross) packages+=(g++-arm-linux-gnueabihf qemu-user dpkg-dev) ;;
     fuzz) packages+=(clang libclang-rt-14-dev) ;;
-    *) echo "deps.sh: unknown group '$group' (known: cross, fuzz)" >&2; exit 2 ;;
+    browser) packages+=(chromium chromium-driver python3-selenium) ;;
+    *) echo "deps.sh: unknown group '$group' (known: cross, fuzz, browser)" >&2; exit 2 ;;
   esac
 done
 

@@ -21,6 +21,8 @@ case "$sanitize" in
 esac
 
 "$root/scripts/deps.sh"
+# The web panel's browser test needs Chromium; without it that one test is skipped.
+"$root/scripts/deps.sh" browser || echo "test.sh: Chromium could not be installed; the browser test will be skipped" >&2
 
 jobs=$(nproc)
 plain=$([[ -z "$sanitize" ]] && echo ON || echo OFF)

@@ -152,6 +152,7 @@ struct Screen_t {
     std::vector<Step_t> path;
     int lines[SKIPPED + 1] = {};  // by outcome of their ENTER
     std::string note;
+    std::string atlas;  // its atlas panel's name (with the panel free)
 };
 
 using Param = std::tuple<std::string, int>;  // unit, lock mode
@@ -183,6 +184,7 @@ protected:
     bool Lost() const { return m_bLost || HasFatalFailure(); }
     void Lose(const std::string& why);
     void CheckAtlasFolder();
+    void CheckAtlasTree();
 
     CPanelEnd* m_pPanel = nullptr;
     std::string m_strHome;  // title row of the home page: the unit's alias
@@ -225,7 +227,7 @@ void TreeWalkTest::Lose(const std::string& why)
 // A screen reached for the first time; with the panel free, its atlas panel is compared.
 size_t TreeWalkTest::Record(const View& arrived, const std::vector<Step_t>& path)
 {
-    m_screens.push_back(Screen_t{arrived.Title(), path, {}, ""});
+    m_screens.push_back(Screen_t{arrived.Title(), path, {}, "", ""});
     m_ids.insert(arrived.Id());
     if (Mode() == 1) {
         std::string name;
@@ -241,6 +243,7 @@ size_t TreeWalkTest::Record(const View& arrived, const std::vector<Step_t>& path
         for (int n = 2; m_atlasNames.count(unique) != 0; ++n)
             unique = name + "_" + std::to_string(n);
         m_atlasNames.insert(unique);
+        m_screens.back().atlas = unique;
         EXPECT_TRUE(PanelTest::MatchesGolden("atlas/" + Unit() + "/" + unique, arrived.dump))
             << "keys: " << KeyPath(path);
     }
@@ -446,8 +449,20 @@ void TreeWalkTest::Walk(CUnitServer& unit)
     // Nothing was confirmed, so nothing was written: every edit was abandoned.
     nlohmann::json writes = unit.Writes(firstWrite);
     EXPECT_TRUE(writes.value("ok", false) && writes["writes"].empty()) << "the walk wrote: " << writes.dump();
-    if (Mode() == 1 && !m_bLost)
+    if (Mode() == 1 && !m_bLost) {
         CheckAtlasFolder();
+        CheckAtlasTree();
+    }
+}
+
+// The tree the atlas panels hang in, one panel name a line indented by depth, with the keys
+// that reach it: the atlas pages are laid out by it.
+void TreeWalkTest::CheckAtlasTree()
+{
+    std::string tree;
+    for (const Screen_t& s : m_screens)
+        tree += std::string(s.path.size() * 2, ' ') + s.atlas + "  [" + KeyPath(s.path) + "]\n";
+    EXPECT_TRUE(PanelTest::MatchesGolden("atlas/" + Unit() + "_tree", tree));
 }
 
 // Every atlas panel is of a screen the walk reached: a screen that left the tree leaves no

@@ -37,7 +37,7 @@ bool MakeAddress(const std::string& path, sockaddr_un& address)
 }  // namespace
 
 CPanelServer::CPanelServer(const std::string& path)
-    : m_strPath(path), m_iListen(-1), m_iClient(-1), m_uConnections(0)
+    : m_strPath(path), m_iListen(-1), m_iClient(-1), m_uConnections(0), m_pWatcher(nullptr)
 {
 }
 
@@ -114,9 +114,12 @@ void CPanelServer::Drop()
 
 bool CPanelServer::Poll(int timeoutMs, int extraFd)
 {
-    pollfd fds[3];
+    pollfd fds[4];
     nfds_t count = 0;
     int listenIndex = -1, clientIndex = -1, extraIndex = -1;
+    if (m_pWatcher != nullptr && m_pWatcher->WakeFd() >= 0) {
+        fds[count++] = pollfd{m_pWatcher->WakeFd(), POLLIN, 0};
+    }
     if (m_iListen >= 0) {
         listenIndex = static_cast<int>(count);
         fds[count++] = pollfd{m_iListen, POLLIN, 0};
@@ -150,6 +153,9 @@ bool CPanelServer::Poll(int timeoutMs, int extraFd)
     }
     if (listenIndex >= 0 && (fds[listenIndex].revents & POLLIN)) {
         Accept();
+    }
+    if (m_pWatcher != nullptr) {
+        m_pWatcher->Serve(*this);
     }
     return extraIndex >= 0 && fds[extraIndex].revents != 0;
 }

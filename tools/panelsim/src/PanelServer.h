@@ -12,6 +12,20 @@ namespace Panelsim {
 
 uint32_t NowMs();
 
+class CPanelServer;
+
+// Something served alongside the daemon (the web panel): its file descriptor is polled with
+// the daemon's socket, and after every poll it is given the panel to pass keys to the daemon
+// and to see what the daemon drew.
+class IPanelWatcher {
+public:
+    virtual ~IPanelWatcher() = default;
+    virtual int WakeFd() const = 0;
+    virtual void Serve(CPanelServer& server) = 0;
+    // One line for the terminal panel's status area.
+    virtual std::string Status() const = 0;
+};
+
 class CPanelServer {
 public:
     explicit CPanelServer(const std::string& path);
@@ -31,6 +45,10 @@ public:
     // Sends bytes to the daemon; false when no daemon is connected or it has gone.
     bool Send(const std::string& bytes);
 
+    // Not owned; null for none. Poll serves it after handling the daemon.
+    void SetWatcher(IPanelWatcher* watcher) { m_pWatcher = watcher; }
+    IPanelWatcher* Watcher() const { return m_pWatcher; }
+
     CPanelModel& Model() { return m_model; }
     const std::string& Path() const { return m_strPath; }
 
@@ -43,6 +61,7 @@ private:
     int m_iClient;
     uint32_t m_uConnections;
     CPanelModel m_model;
+    IPanelWatcher* m_pWatcher;
 };
 
 }  // namespace Panelsim

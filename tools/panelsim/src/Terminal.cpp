@@ -231,6 +231,9 @@ private:
         state += "   frames " + std::to_string(model.Frames()) + "   protocol errors " +
                  std::to_string(model.Errors());
         mvaddstr(y++, left, state.c_str());
+        if (m_rServer.Watcher() != nullptr) {
+            mvaddnstr(y++, left, m_rServer.Watcher()->Status().c_str(), COLS - left);
+        }
         if (!m_strError.empty()) {
             if (has_colors()) {
                 attron(COLOR_PAIR(2));

@@ -11,6 +11,9 @@
 #include "PanelServer.h"
 #include "Script.h"
 #include "Terminal.h"
+#ifdef PANELSIM_WEB
+#include "WebPanel.h"
+#endif
 
 namespace {
 
@@ -20,15 +23,40 @@ const char kDefaultSocket[] = "/var/run/ttyhub.ttyS4.socket";
 // 3 the socket could not be opened.
 enum { EXIT_OK = 0, EXIT_FAILED = 1, EXIT_USAGE = 2, EXIT_SOCKET = 3 };
 
+volatile sig_atomic_t g_stop = 0;
+
+void OnStop(int)
+{
+    g_stop = 1;
+}
+
+// With only the web panel: serves the daemon and the pages until a signal asks to stop.
+int RunHeadless(Panelsim::CPanelServer& server)
+{
+    struct sigaction action;
+    std::memset(&action, 0, sizeof action);
+    action.sa_handler = OnStop;
+    sigaction(SIGINT, &action, nullptr);
+    sigaction(SIGTERM, &action, nullptr);
+    sigaction(SIGHUP, &action, nullptr);
+    while (!g_stop) {
+        server.Poll(500);
+    }
+    return 0;
+}
+
 int Usage(const std::string& problem)
 {
     if (!problem.empty()) {
         std::cerr << "panelsim: " << problem << "\n";
     }
-    std::cerr << "usage: panelsim [--socket PATH] [--script FILE|-] [--dump-on-exit] [--quiet]\n"
+    std::cerr << "usage: panelsim [--socket PATH] [--web [ADDRESS:]PORT] [--script FILE|-] [--dump-on-exit] [--quiet]\n"
                  "  --socket PATH   listen here for the daemon (default "
               << kDefaultSocket
               << ")\n"
+                 "  --web [ADDRESS:]PORT  also serve the panel to web browsers (address 127.0.0.1 if none;\n"
+                 "                  whoever reaches the page controls the unit); without a terminal,\n"
+                 "                  the web panel alone\n"
                  "  --script FILE   run a script (- for standard input) instead of the terminal panel\n"
                  "  --dump-on-exit  print the screen when leaving\n"
                  "  --quiet         do not report protocol errors and progress\n";
@@ -41,12 +69,13 @@ int main(int argc, char** argv)
 {
     std::string socketPath = kDefaultSocket;
     std::string scriptPath;
+    std::string web;
     bool dumpOnExit = false;
     bool quiet = false;
     for (int i = 1; i < argc; ++i) {
         const std::string arg = argv[i];
-        if ((arg == "--socket" || arg == "--script") && i + 1 < argc) {
-            (arg == "--socket" ? socketPath : scriptPath) = argv[++i];
+        if ((arg == "--socket" || arg == "--script" || arg == "--web") && i + 1 < argc) {
+            (arg == "--socket" ? socketPath : arg == "--web" ? web : scriptPath) = argv[++i];
         } else if (arg == "--dump-on-exit") {
             dumpOnExit = true;
         } else if (arg == "--quiet") {
@@ -55,7 +84,7 @@ int main(int argc, char** argv)
             Usage("");
             return EXIT_OK;
         } else {
-            return Usage(arg == "--socket" || arg == "--script" ? arg + " needs a value"
+            return Usage(arg == "--socket" || arg == "--script" || arg == "--web" ? arg + " needs a value"
                                                                 : "unknown argument " + arg);
         }
     }
@@ -78,9 +107,17 @@ int main(int argc, char** argv)
             std::cerr << "panelsim: " << scriptPath << ": " << error << "\n";
             return EXIT_USAGE;
         }
-    } else if (!isatty(STDIN_FILENO) || !isatty(STDOUT_FILENO)) {
-        return Usage("the terminal panel needs a terminal; use --script for automation");
     }
+    const bool terminal = scriptPath.empty() && isatty(STDIN_FILENO) && isatty(STDOUT_FILENO);
+    if (scriptPath.empty() && !terminal && web.empty()) {
+        return Usage("the terminal panel needs a terminal; use --script or --web for automation");
+    }
+#ifndef PANELSIM_WEB
+    if (!web.empty()) {
+        std::cerr << "panelsim: this build has no web panel (cpp-httplib was not found)\n";
+        return EXIT_USAGE;
+    }
+#endif
 
     signal(SIGPIPE, SIG_IGN);
     Panelsim::CPanelServer server(socketPath);
@@ -90,11 +127,26 @@ int main(int argc, char** argv)
         return EXIT_SOCKET;
     }
 
+#ifdef PANELSIM_WEB
+    // Its threads stop before the server it watches goes away.
+    Panelsim::CWebPanel webPanel(!terminal);
+    if (!web.empty()) {
+        if (!webPanel.Start(web, error)) {
+            std::cerr << "panelsim: " << error << "\n";
+            return EXIT_SOCKET;
+        }
+        server.SetWatcher(&webPanel);
+        std::cout << "panelsim: web panel on " << webPanel.Url() << std::endl;
+    }
+#endif
+
     int status = EXIT_OK;
     if (!scriptPath.empty()) {
         status = Panelsim::RunScript(server, steps, quiet, std::cout, std::cerr);
-    } else {
+    } else if (terminal) {
         status = Panelsim::RunTerminal(server);
+    } else {
+        status = RunHeadless(server);
     }
     if (dumpOnExit) {
         std::cout << server.Model().Dump() << std::flush;
