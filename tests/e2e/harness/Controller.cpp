@@ -95,8 +95,8 @@ int CUnitServer::Stop()
 nlohmann::json CUnitServer::Request(nlohmann::json request)
 {
     request["id"] = m_iNextId++;
-    nlohmann::json answer = nlohmann::json::parse(
-        m_pLink ? m_pLink->Ask(request.dump(), 10000) : std::string(), nullptr, false);
+    nlohmann::json answer =
+        nlohmann::json::parse(m_pLink ? m_pLink->Ask(request.dump(), 10000) : std::string(), nullptr, false);
     return answer.is_object() ? answer : Failure("no answer to " + request.dump());
 }
 

@@ -43,8 +43,9 @@ public:
         while (bytes.size() < count) {
             pollfd fd = {m_iFd, POLLIN, 0};
             char buffer[256];
-            const ssize_t got =
-                poll(&fd, 1, 10000) > 0 ? recv(m_iFd, buffer, std::min(sizeof buffer, count - bytes.size()), 0) : 0;
+            const ssize_t got = poll(&fd, 1, 10000) > 0
+                                    ? recv(m_iFd, buffer, std::min(sizeof buffer, count - bytes.size()), 0)
+                                    : 0;
             if (got <= 0)
                 break;
             bytes.append(buffer, static_cast<size_t>(got));

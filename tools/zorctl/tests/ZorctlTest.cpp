@@ -104,7 +104,8 @@ TEST_F(ZorctlLive, WatchPrintsChangesUntilInterrupted)
         Zorctl(Sock() + "set unitAlias.0 W" + std::to_string(i));
         seen = watch.WaitForStdout("\n", 100) != std::string::npos;
     }
-    EXPECT_EQ(watch.Stdout().compare(0, 58, R"({"event":"change","name":"unitAlias","instance":".0","valu)"), 0)
+    EXPECT_EQ(watch.Stdout().compare(0, 58, R"({"event":"change","name":"unitAlias","instance":".0","valu)"),
+              0)
         << watch.Describe();
     watch.Signal(SIGINT);
     ASSERT_TRUE(watch.WaitExit(20000));
