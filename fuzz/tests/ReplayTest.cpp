@@ -2,11 +2,11 @@
 // that a finding, once fixed, stays fixed in the ordinary test run. Inputs named in
 // regressions/OPEN are findings whose fix is still pending: they are skipped (and named)
 // unless FUZZ_REPLAY_OPEN is set in the environment.
-#include <dirent.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <set>
@@ -39,15 +39,10 @@ const Target_t kTargets[] = {
 std::vector<std::string> FilesIn(const std::string& dir)
 {
     std::vector<std::string> files;
-    if (DIR* d = ::opendir(dir.c_str())) {
-        while (dirent* entry = ::readdir(d)) {
-            const std::string name = entry->d_name;
-            if (name != "." && name != ".." && name != "README") {
-                files.push_back(name);
-            }
-        }
-        ::closedir(d);
-    }
+    std::error_code ec;
+    for (const auto& entry : std::filesystem::directory_iterator(dir, ec))
+        if (entry.path().filename() != "README")
+            files.push_back(entry.path().filename().string());
     std::sort(files.begin(), files.end());
     return files;
 }

@@ -4,15 +4,12 @@
 // every screen leads back home, on both shipped units and in the three lock modes; with the
 // panel free it also writes the screen atlas, one golden panel per screen reached
 // (tests/golden/atlas/<unit>/). README.md in this folder describes the walk.
-#include <dirent.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cctype>
 #include <chrono>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <iostream>
 #include <map>
 #include <regex>
@@ -489,19 +486,16 @@ void TreeWalkTest::CheckAtlasTree()
 void TreeWalkTest::CheckAtlasFolder()
 {
     const char* update = std::getenv("FP_UPDATE_GOLDEN");
-    DIR* dir = opendir(AtlasFolder().c_str());
-    while (struct dirent* entry = dir != nullptr ? readdir(dir) : nullptr) {
-        std::string name = entry->d_name;
-        if (name.size() < 5 || name.compare(name.size() - 4, 4, ".txt") != 0 ||
-            m_atlasNames.count(name.substr(0, name.size() - 4)) != 0)
+    std::error_code ec;
+    for (const auto& entry : std::filesystem::directory_iterator(AtlasFolder(), ec)) {
+        const std::filesystem::path& file = entry.path();
+        if (file.extension() != ".txt" || m_atlasNames.count(file.stem().string()) != 0)
             continue;
         if (update != nullptr && std::strcmp(update, "1") == 0)
-            unlink((AtlasFolder() + "/" + name).c_str());
+            std::filesystem::remove(file, ec);
         else
-            ADD_FAILURE() << "atlas panel " << AtlasFolder() << "/" << name << " is of no screen reached";
+            ADD_FAILURE() << "atlas panel " << file.string() << " is of no screen reached";
     }
-    if (dir != nullptr)
-        closedir(dir);
 }
 
 // One line per screen, indented by depth: title, keys from the home page, what its lines did.
@@ -526,10 +520,9 @@ TEST_P(TreeWalkTest, EveryEntryLeadsSomewhereAndEveryScreenBackHome)
     m_pPanel = &StartPanel();
     CChildProcess& fp = StartDaemon();
     ASSERT_TRUE(WaitRunning(fp)) << fp.Describe();
-    if (Mode() == 1) {  // the atlas folders, for a first run or a new unit
-        mkdir(AtlasFolder().substr(0, AtlasFolder().rfind('/')).c_str(), 0755);
-        mkdir(AtlasFolder().c_str(), 0755);
-    }
+    std::error_code ec;
+    if (Mode() == 1)  // the atlas folders, for a first run or a new unit
+        std::filesystem::create_directories(AtlasFolder(), ec);
 
     const auto start = std::chrono::steady_clock::now();
     Walk(unit);

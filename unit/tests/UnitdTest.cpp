@@ -2,22 +2,30 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "LineClient.h"
-#include "UnitdProcess.h"
+#include <atomic>
+#include <thread>
+
+#include "Controller.h"
+
+using e2e::CLineClient;
 
 namespace {
 
 class Unitd : public testing::Test {
 protected:
-    void SetUp() override { ASSERT_TRUE(m_unitd.Start()); }
-    CUnitdProcess m_unitd{UNIT_TEST_FILES "/small.json", TestSocketPath("unitd")};
+    void SetUp() override
+    {
+        std::string error;
+        ASSERT_TRUE(m_unitd.Start(&error)) << error;
+    }
+    e2e::CUnitServer m_unitd{UNIT_TEST_FILES "/small.json"};
 };
 
 }  // namespace
 
 TEST_F(Unitd, EveryBadRequestGetsAMessageAndTheServerKeepsServing)
 {
-    CLineClient c(m_unitd.Socket());
+    CLineClient c(m_unitd.SocketPath());
     ASSERT_TRUE(c.Connected());
     const std::pair<const char*, const char*> cases[] = {
         {"not json", R"({"ok":false,"msg":"malformed request: not a JSON object"})"},
@@ -80,8 +88,8 @@ TEST_F(Unitd, EveryBadRequestGetsAMessageAndTheServerKeepsServing)
 
 TEST_F(Unitd, EventsReachEverySubscribedClientBeforeTheWritersAnswer)
 {
-    CLineClient writer(m_unitd.Socket()), all(m_unitd.Socket()), one(m_unitd.Socket()),
-        none(m_unitd.Socket());
+    CLineClient writer(m_unitd.SocketPath()), all(m_unitd.SocketPath()), one(m_unitd.SocketPath()),
+        none(m_unitd.SocketPath());
     EXPECT_EQ(all.Ask(R"({"id":1,"op":"subscribe","name":"*"})"), R"({"id":1,"ok":true})");
     EXPECT_EQ(one.Ask(R"({"id":1,"op":"subscribe","name":"tsinputsrcBitRate","instance":"2.1"})"),
               R"({"id":1,"ok":true})");
@@ -120,9 +128,9 @@ TEST_F(Unitd, EventsReachEverySubscribedClientBeforeTheWritersAnswer)
 
 TEST_F(Unitd, ADepartingClientTakesOnlyItsSubscriptions)
 {
-    CLineClient stay(m_unitd.Socket());
+    CLineClient stay(m_unitd.SocketPath());
     {
-        CLineClient leave(m_unitd.Socket());
+        CLineClient leave(m_unitd.SocketPath());
         EXPECT_EQ(leave.Ask(R"({"id":1,"op":"subscribe","name":"unitAlias"})"), R"({"id":1,"ok":true})");
         leave.Send(R"({"id":2,"op":"get","keys":["unitAlias.0"]})");  // leaves before reading the answer
     }
@@ -142,7 +150,7 @@ TEST_F(Unitd, ManyClientsAtOnce)
     std::atomic<int> good{0};
     for (int t = 0; t < 8; ++t) {
         threads.emplace_back([&, t] {
-            CLineClient c(m_unitd.Socket());
+            CLineClient c(m_unitd.SocketPath());
             for (int i = 0; i < 50; ++i) {
                 std::string v = std::to_string(t * 100 + i);
                 std::string answer =
@@ -162,13 +170,14 @@ TEST_F(Unitd, ManyClientsAtOnce)
 
 TEST(UnitdLife, StopsCleanlyOnSigtermAndRefusesASecondServer)
 {
-    std::string path = TestSocketPath("life");
-    CUnitdProcess first(UNIT_TEST_FILES "/small.json", path);
-    ASSERT_TRUE(first.Start());
-    CUnitdProcess second(UNIT_TEST_FILES "/small.json", path);
-    second.Start();
-    EXPECT_EQ(second.Wait(), 1);  // exits at once: the socket is in use
-    EXPECT_TRUE(first.CanConnect());
+    e2e::CUnitServer first(UNIT_TEST_FILES "/small.json");
+    std::string path = first.SocketPath(), error;
+    ASSERT_TRUE(first.Start(&error)) << error;
+    e2e::CUnitServer second(UNIT_TEST_FILES "/small.json", path);
+    second.Start(&error);
+    ASSERT_TRUE(second.Process().WaitExit(20000));
+    EXPECT_EQ(second.Process().ExitCode(), 1);  // exits at once: the socket is in use
+    EXPECT_TRUE(CLineClient(path).Connected());
     EXPECT_EQ(first.Stop(), 0);
     struct stat st;
     EXPECT_NE(stat(path.c_str(), &st), 0);  // socket file removed

@@ -195,19 +195,17 @@ class Checker(unittest.TestCase):
 
     def test_command_line_exit_status_and_messages(self):
         with tempfile.TemporaryDirectory() as tmp:
-            good = os.path.join(tmp, "good.json")
-            with open(good, "w") as f:
-                json.dump(self.doc, f)
-            dup = os.path.join(tmp, "dup.json")
-            with open(dup, "w") as f:
-                f.write('{"objects": {"a": {"type": "int", "values": {".0": 1}},'
-                        ' "a": {"type": "int", "values": {".0": 2}}}}')
-            broken = os.path.join(tmp, "broken.json")
-            with open(broken, "w") as f:
-                f.write('{"objects": ')
-            names = os.path.join(tmp, "names.txt")
-            with open(names, "w") as f:
-                f.write("# comment\n\nalias\nmissingThing\n")
+            def write(name, text):
+                path = os.path.join(tmp, name)
+                with open(path, "w") as f:
+                    f.write(text)
+                return path
+
+            good = write("good.json", json.dumps(self.doc))
+            dup = write("dup.json", '{"objects": {"a": {"type": "int", "values": {".0": 1}},'
+                                    ' "a": {"type": "int", "values": {".0": 2}}}}')
+            broken = write("broken.json", '{"objects": ')
+            names = write("names.txt", "# comment\n\nalias\nmissingThing\n")
 
             def run(*args):
                 out = io.StringIO()

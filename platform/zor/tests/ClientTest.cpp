@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "Controller.h"
 #include "EventRecorder.h"
-#include "UnitdProcess.h"
 #include "Zor/Zor.h"
 
 namespace {
@@ -17,14 +17,13 @@ class Client : public testing::TestWithParam<std::string> {
 protected:
     void SetUp() override
     {
+        std::string error;
         if (GetParam() == "unix") {
-            ASSERT_TRUE(m_unitd.Start());
-            m_strTarget = "unix:" + m_unitd.Socket();
-        } else {
-            m_strTarget = "embedded:" + kSmallFile;
+            ASSERT_TRUE(m_unitd.Start(&error)) << error;
         }
+        m_strTarget = GetParam() == "unix" ? m_unitd.Target() : "embedded:" + kSmallFile;
     }
-    CUnitdProcess m_unitd{kSmallFile, TestSocketPath("client")};
+    e2e::CUnitServer m_unitd{kSmallFile};
     std::string m_strTarget;
 };
 

@@ -2,13 +2,15 @@
 #include <gtest/gtest.h>
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cstdlib>
+#include <cstring>
 
+#include "Controller.h"
 #include "EventRecorder.h"
-#include "LineClient.h"
-#include "UnitdProcess.h"
+#include "UnixSocket.h"
 #include "Zor/Zor.h"
 
 namespace {
@@ -28,6 +30,22 @@ bool ReadsWithin(Zor::CZorClient& client, int ms)
     return false;
 }
 
+// A controller socket that never accepts: connections wait in its backlog, unanswered.
+struct CDeafController {
+    explicit CDeafController(const std::string& tag, int backlog)
+        : path("/tmp/zt-" + std::to_string(getpid()) + "-" + tag + ".sock"),
+          fd(e2e::ListenUnix(path, backlog, "deaf controller", &error))
+    {
+    }
+    ~CDeafController()
+    {
+        close(fd);
+        unlink(path.c_str());
+    }
+    std::string path, error;
+    int fd;
+};
+
 }  // namespace
 
 TEST(UnixLink, UnreachableControllerFailsWithAClearMessage)
@@ -43,10 +61,10 @@ TEST(UnixLink, UnreachableControllerFailsWithAClearMessage)
 
 TEST(UnixLink, ReconnectsToARestartedUnitdAndRestoresSubscriptions)
 {
-    std::string path = TestSocketPath("restart");
-    CUnitdProcess unitd(kSmallFile, path);
-    ASSERT_TRUE(unitd.Start());
-    Zor::CZorClient client("zor.fp", "unix:" + path);
+    e2e::CUnitServer unitd(kSmallFile);
+    std::string path = unitd.SocketPath(), error;
+    ASSERT_TRUE(unitd.Start(&error)) << error;
+    Zor::CZorClient client("zor.fp", unitd.Target());
     CEventRecorder sink;
     ASSERT_TRUE(client.AddManagedEventHandler("unitAlias", &sink, ".0").Success());
     ASSERT_TRUE(client.SendOp("zor.fp", "unitAlias", ".0", Zor::CParam::String("before")).Success());
@@ -59,10 +77,10 @@ TEST(UnixLink, ReconnectsToARestartedUnitdAndRestoresSubscriptions)
     EXPECT_EQ(ret.Msg().find("controller unix:" + path), 0u) << ret.Msg();
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
 
-    ASSERT_TRUE(unitd.Start());
+    ASSERT_TRUE(unitd.Start(&error)) << error;
     ASSERT_TRUE(ReadsWithin(client, 3000));
     // The subscription came back with the connection: a write by someone else reaches us.
-    CLineClient other(path);
+    e2e::CLineClient other(path);
     std::string answer =
         other.Ask(R"({"id":1,"op":"set","name":"unitAlias","instance":".0","value":"after"})");
     ASSERT_EQ(answer, R"({"id":1,"ok":true})");
@@ -73,15 +91,9 @@ TEST(UnixLink, ReconnectsToARestartedUnitdAndRestoresSubscriptions)
 
 TEST(UnixLink, ASilentControllerTimesOut)
 {
-    std::string path = TestSocketPath("silent");
-    int listener = socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un addr{};
-    addr.sun_family = AF_UNIX;
-    std::strncpy(addr.sun_path, path.c_str(), sizeof addr.sun_path - 1);
-    unlink(path.c_str());
-    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&addr), sizeof addr), 0);
-    ASSERT_EQ(listen(listener, 4), 0);  // connections wait in the backlog, never answered
-
+    CDeafController silent("silent", 4);
+    ASSERT_GE(silent.fd, 0) << silent.error;
+    const std::string& path = silent.path;
     setenv("ZOR_TIMEOUT_MS", "300", 1);
     Zor::CZorClient client("zor.fp", "unix:" + path);
     unsetenv("ZOR_TIMEOUT_MS");
@@ -91,26 +103,21 @@ TEST(UnixLink, ASilentControllerTimesOut)
     EXPECT_EQ(ret.Msg(), "controller unix:" + path + " did not answer within 300 ms");
     EXPECT_GE(took, std::chrono::milliseconds(290));
     EXPECT_LT(took, std::chrono::milliseconds(2000));
-    close(listener);
-    unlink(path.c_str());
 }
 
 TEST(UnixLink, AControllerThatAcceptsNobodyDoesNotHangTheClient)
 {
-    std::string path = TestSocketPath("full");
-    int listener = socket(AF_UNIX, SOCK_STREAM, 0);
+    CDeafController full("full", 0);
+    ASSERT_GE(full.fd, 0) << full.error;
+    const std::string& path = full.path;
+    // Fill the backlog so that a further connect would wait.
     sockaddr_un addr{};
     addr.sun_family = AF_UNIX;
     std::strncpy(addr.sun_path, path.c_str(), sizeof addr.sun_path - 1);
-    unlink(path.c_str());
-    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&addr), sizeof addr), 0);
-    ASSERT_EQ(listen(listener, 0), 0);
-    // Fill the backlog so that a further connect would wait.
     std::vector<int> fillers;
     for (int i = 0; i < 4; ++i) {
-        int fd = socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0);
-        connect(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr);
-        fillers.push_back(fd);
+        fillers.push_back(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0));
+        connect(fillers.back(), reinterpret_cast<sockaddr*>(&addr), sizeof addr);
     }
     setenv("ZOR_TIMEOUT_MS", "200", 1);
     auto start = std::chrono::steady_clock::now();
@@ -125,6 +132,4 @@ TEST(UnixLink, AControllerThatAcceptsNobodyDoesNotHangTheClient)
     for (int fd : fillers) {
         close(fd);
     }
-    close(listener);
-    unlink(path.c_str());
 }

@@ -99,7 +99,7 @@ bool CChildProcess::Start(std::string* error)
     posix_spawnattr_setflags(&attr, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
 
     pid_t pid = -1;
-    int rc = posix_spawn(&pid, argvp[0], &actions, &attr, argvp.data(), envp.data());
+    int rc = posix_spawnp(&pid, argvp[0], &actions, &attr, argvp.data(), envp.data());
     posix_spawn_file_actions_destroy(&actions);
     posix_spawnattr_destroy(&attr);
     close(out[1]);

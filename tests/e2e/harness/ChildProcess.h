@@ -16,8 +16,8 @@ namespace e2e {
 
 class CChildProcess {
 public:
-    // argv[0] is the program's path. env entries ("NAME=value") are added to this process's
-    // environment (replacing a variable of the same name).
+    // argv[0] is the program: a path, or a name looked up in PATH. env entries ("NAME=value")
+    // are added to this process's environment (replacing a variable of the same name).
     explicit CChildProcess(std::vector<std::string> argv, std::vector<std::string> env = {});
     // Kills the whole process group (SIGKILL) if it still runs, reaps it and joins the reader.
     ~CChildProcess();

@@ -1,6 +1,7 @@
 #include "Controller.h"
 
 #include <poll.h>
+#include <signal.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -20,69 +21,6 @@ nlohmann::json Failure(const std::string& msg)
 {
     return {{"ok", false}, {"msg", msg}};
 }
-
-}  // namespace
-
-// --- CControllerLink
-
-CControllerLink::~CControllerLink()
-{
-    if (m_iFd >= 0)
-        close(m_iFd);
-}
-
-bool CControllerLink::Connect(const std::string& socketPath, std::string* error)
-{
-    m_iFd = ConnectUnix(socketPath);
-    if (m_iFd < 0)
-        *error = "cannot connect to " + socketPath + ": " + std::strerror(errno);
-    return m_iFd >= 0;
-}
-
-bool CControllerLink::ReadLine(std::string* line, long long deadline)
-{
-    for (;;) {
-        size_t nl = m_pending.find('\n');
-        if (nl != std::string::npos) {
-            *line = m_pending.substr(0, nl);
-            m_pending.erase(0, nl + 1);
-            return true;
-        }
-        long long left = deadline - NowMs();
-        if (left <= 0)
-            return false;
-        struct pollfd p = {m_iFd, POLLIN, 0};
-        if (poll(&p, 1, static_cast<int>(left)) <= 0)
-            continue;
-        char buf[4096];
-        ssize_t n = read(m_iFd, buf, sizeof buf);
-        if (n <= 0)
-            return false;
-        m_pending.append(buf, static_cast<size_t>(n));
-    }
-}
-
-nlohmann::json CControllerLink::Request(nlohmann::json request, int timeoutMs)
-{
-    if (m_iFd < 0)
-        return Failure("not connected");
-    int id = m_iNextId++;
-    request["id"] = id;
-    if (!SendAll(m_iFd, request.dump() + "\n"))
-        return Failure("send failed");
-    long long deadline = NowMs() + timeoutMs;
-    std::string line;
-    while (ReadLine(&line, deadline)) {
-        nlohmann::json answer = nlohmann::json::parse(line, nullptr, false);
-        if (answer.is_object() && answer.contains("id") && answer["id"] == id)
-            return answer;
-    }
-    return Failure("no answer to " + request.dump());
-}
-
-// --- CUnitServer
-
-namespace {
 
 std::string UnitFilePath(const std::string& unitFile)
 {
@@ -136,13 +74,30 @@ bool CUnitServer::Start(std::string* error)
             *error = "unitd ended at start: " + m_pProcess->Describe();
             return false;
         }
-        std::string ignored;
-        if (m_link.Connect(m_strSocket, &ignored))
+        m_pLink.reset(new CLineClient(m_strSocket));
+        if (m_pLink->Connected())
             return true;
         usleep(20000);
     }
     *error = "unitd did not open " + m_strSocket + ": " + m_pProcess->Describe();
     return false;
+}
+
+int CUnitServer::Stop()
+{
+    if (!m_pProcess)
+        return -1;
+    m_pLink.reset();
+    m_pProcess->Signal(SIGTERM);
+    return m_pProcess->WaitExit(20000) ? m_pProcess->ExitCode() : -1;
+}
+
+nlohmann::json CUnitServer::Request(nlohmann::json request)
+{
+    request["id"] = m_iNextId++;
+    nlohmann::json answer =
+        nlohmann::json::parse(m_pLink ? m_pLink->Ask(request.dump(), 10000) : std::string(), nullptr, false);
+    return answer.is_object() ? answer : Failure("no answer to " + request.dump());
 }
 
 nlohmann::json CUnitServer::Set(const std::string& name, const std::string& instance,
@@ -153,13 +108,13 @@ nlohmann::json CUnitServer::Set(const std::string& name, const std::string& inst
         {"op", "set"}, {"client", "e2e"}, {"name", name}, {"instance", instance}, {"value", value}};
     if (force)
         request["force"] = true;
-    return m_link.Request(request);
+    return Request(request);
 }
 
 nlohmann::json CUnitServer::Get(const std::string& key)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
-    nlohmann::json answer = m_link.Request({{"op", "get"}, {"keys", {key}}});
+    nlohmann::json answer = Request({{"op", "get"}, {"keys", {key}}});
     if (!answer.value("ok", false) || !answer.contains("values"))
         return nullptr;
     // {"values": {"name": {".0": value}}}: the one value there is.
@@ -172,7 +127,7 @@ nlohmann::json CUnitServer::Get(const std::string& key)
 nlohmann::json CUnitServer::Writes(int since)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
-    return m_link.Request({{"op", "writes"}, {"since", since}});
+    return Request({{"op", "writes"}, {"since", since}});
 }
 
 nlohmann::json CUnitServer::WritesOf(const std::string& name, int since)

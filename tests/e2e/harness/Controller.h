@@ -1,6 +1,6 @@
-// The controller side of end-to-end tests: a unitd serving a unit file, a line-protocol
-// link to it for the test's own reads and forced writes, and a tap that sits between the
-// daemon and unitd and records every request the daemon makes.
+// The controller side of the tests: a unitd serving a unit file, with a line-protocol link
+// to it for the test's own reads and forced writes, and a tap that sits between the daemon
+// and unitd and records every request the daemon makes.
 #pragma once
 
 #include <atomic>
@@ -12,30 +12,9 @@
 #include <vector>
 
 #include "ChildProcess.h"
+#include "LineClient.h"
 
 namespace e2e {
-
-// One connection speaking the unitd protocol (one JSON object per line, answers matched by
-// id, events skipped).
-class CControllerLink {
-public:
-    CControllerLink() : m_iFd(-1), m_iNextId(1) {}
-    ~CControllerLink();
-    CControllerLink(const CControllerLink&) = delete;
-    CControllerLink& operator=(const CControllerLink&) = delete;
-
-    bool Connect(const std::string& socketPath, std::string* error);
-    // Sends the request (an "id" is added) and returns the answer; an answer with
-    // "ok": false and a "msg" when the link fails or times out.
-    nlohmann::json Request(nlohmann::json request, int timeoutMs = 10000);
-
-private:
-    bool ReadLine(std::string* line, long long deadline);
-
-    int m_iFd;
-    int m_iNextId;
-    std::string m_pending;
-};
 
 // unitd serving one unit file. A bare file name is one of unit/units, anything else a path.
 class CUnitServer {
@@ -50,6 +29,8 @@ public:
 
     // Starts unitd and waits until its socket answers.
     bool Start(std::string* error);
+    // SIGTERM and waits; unitd's exit status, -1 when it died of a signal or did not run.
+    int Stop();
     const std::string& SocketPath() const { return m_strSocket; }
     // The controller SDK's target for this unitd.
     std::string Target() const { return "unix:" + m_strSocket; }
@@ -76,8 +57,12 @@ private:
     std::string m_strDirError;  // why the server could not make its folder
     std::string m_strSocket;
     std::unique_ptr<CChildProcess> m_pProcess;
-    CControllerLink m_link;
+    std::unique_ptr<CLineClient> m_pLink;
+    int m_iNextId = 1;
     std::mutex m_mutex;  // one request at a time on the link
+
+    // Sends the request with an "id" and returns the answer, or "ok": false and a "msg".
+    nlohmann::json Request(nlohmann::json request);
 };
 
 // A recording relay: the daemon connects to Path(); every connection is relayed to the

@@ -1,74 +1,40 @@
 // Script mode on the real program, with the test playing the daemon's end of the socket.
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
-#include <signal.h>
-#include <spawn.h>
-#include <stdlib.h>
 #include <sys/socket.h>
-#include <sys/un.h>
-#include <sys/wait.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <chrono>
-#include <cstring>
 #include <fstream>
+#include <memory>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
-extern char** environ;
+#include "ChildProcess.h"
+#include "UnixSocket.h"
 
 namespace {
-
-void SleepMs(int ms)
-{
-    struct timespec pause = {ms / 1000, (ms % 1000) * 1000000L};
-    nanosleep(&pause, nullptr);
-}
-
-std::string ReadFile(const std::string& path)
-{
-    std::ifstream file(path);
-    std::stringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
 
 // The daemon's end: connects to panelsim, sends display commands, reads key reports.
 class CFakeDaemon {
 public:
-    explicit CFakeDaemon(const std::string& path) : m_iFd(-1)
+    explicit CFakeDaemon(const std::string& path)
     {
-        sockaddr_un address;
-        std::memset(&address, 0, sizeof address);
-        address.sun_family = AF_UNIX;
-        std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
         for (int attempt = 0; attempt < 250 && m_iFd < 0; ++attempt) {
-            const int fd = socket(AF_UNIX, SOCK_STREAM, 0);
-            if (connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0) {
-                m_iFd = fd;
-            } else {
-                close(fd);
-                SleepMs(20);
-            }
+            if ((m_iFd = e2e::ConnectUnix(path)) < 0)
+                std::this_thread::sleep_for(std::chrono::milliseconds(20));
         }
     }
-    ~CFakeDaemon() { Close(); }
+    ~CFakeDaemon()
+    {
+        if (m_iFd >= 0)
+            close(m_iFd);
+    }
 
     bool Connected() const { return m_iFd >= 0; }
-    void Close()
-    {
-        if (m_iFd >= 0) {
-            close(m_iFd);
-            m_iFd = -1;
-        }
-    }
-    void Send(const std::string& bytes)
-    {
-        ASSERT_EQ(static_cast<ssize_t>(bytes.size()), send(m_iFd, bytes.data(), bytes.size(), MSG_NOSIGNAL));
-    }
+    void Send(const std::string& bytes) { ASSERT_TRUE(e2e::SendAll(m_iFd, bytes)); }
 
     // Reads until `count` bytes came or the peer closed / went quiet for 10 s.
     std::string Receive(size_t count)
@@ -76,21 +42,19 @@ public:
         std::string bytes;
         while (bytes.size() < count) {
             pollfd fd = {m_iFd, POLLIN, 0};
-            if (poll(&fd, 1, 10000) <= 0) {
-                break;
-            }
             char buffer[256];
-            const ssize_t got = recv(m_iFd, buffer, std::min(sizeof buffer, count - bytes.size()), 0);
-            if (got <= 0) {
+            const ssize_t got = poll(&fd, 1, 10000) > 0
+                                    ? recv(m_iFd, buffer, std::min(sizeof buffer, count - bytes.size()), 0)
+                                    : 0;
+            if (got <= 0)
                 break;
-            }
             bytes.append(buffer, static_cast<size_t>(got));
         }
         return bytes;
     }
 
 private:
-    int m_iFd;
+    int m_iFd = -1;
 };
 
 std::string Row(int row, const std::string& text)
@@ -115,13 +79,9 @@ protected:
 
     void TearDown() override
     {
-        if (m_pid > 0) {
-            kill(m_pid, SIGKILL);
-            waitpid(m_pid, nullptr, 0);
-        }
-        for (const char* name : {"/script", "/out", "/err", "/panel.socket"}) {
+        m_pPanelsim.reset();
+        for (const char* name : {"/script", "/panel.socket"})
             unlink((m_strDir + name).c_str());
-        }
         rmdir(m_strDir.c_str());
     }
 
@@ -130,46 +90,23 @@ protected:
         std::ofstream(m_strDir + "/script") << script;
         std::vector<std::string> args;
         std::stringstream emulator(PANELSIM_EMULATOR);
-        for (std::string word; std::getline(emulator, word, '|');) {
+        for (std::string word; std::getline(emulator, word, '|');)
             args.push_back(word);
-        }
         args.insert(args.end(), {PANELSIM_BIN, "--socket", m_strSocket, "--script", m_strDir + "/script"});
         args.insert(args.end(), extra.begin(), extra.end());
-        std::vector<char*> argv;
-        for (std::string& arg : args) {
-            argv.push_back(&arg[0]);
-        }
-        argv.push_back(nullptr);
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_addopen(&actions, 1, (m_strDir + "/out").c_str(),
-                                         O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        posix_spawn_file_actions_addopen(&actions, 2, (m_strDir + "/err").c_str(),
-                                         O_WRONLY | O_CREAT | O_TRUNC, 0600);
-        ASSERT_EQ(0, posix_spawnp(&m_pid, argv[0], &actions, nullptr, argv.data(), environ));
-        posix_spawn_file_actions_destroy(&actions);
+        m_pPanelsim.reset(new e2e::CChildProcess(args));
+        std::string error;
+        ASSERT_TRUE(m_pPanelsim->Start(&error)) << error;
     }
 
     // The exit status, or -1 when panelsim did not end within 20 s.
-    int Finish()
-    {
-        for (int i = 0; i < 2000; ++i) {
-            int status = 0;
-            if (waitpid(m_pid, &status, WNOHANG) == m_pid) {
-                m_pid = -1;
-                return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-            }
-            SleepMs(10);
-        }
-        return -1;
-    }
-
-    std::string Out() { return ReadFile(m_strDir + "/out"); }
-    std::string Err() { return ReadFile(m_strDir + "/err"); }
+    int Finish() { return m_pPanelsim->WaitExit(20000) ? m_pPanelsim->ExitCode() : -1; }
+    std::string Out() { return m_pPanelsim->Stdout(); }
+    std::string Err() { return m_pPanelsim->Stderr(); }
 
     std::string m_strDir;
     std::string m_strSocket;
-    pid_t m_pid = -1;
+    std::unique_ptr<e2e::CChildProcess> m_pPanelsim;
 };
 
 TEST_F(ScriptModeTest, PassingScriptSendsKeysAndReportsTheScreen)
@@ -239,7 +176,7 @@ TEST_F(ScriptModeTest, DaemonThatReconnectsIsServedAgain)
         ASSERT_TRUE(first.Connected());
         first.Send(Row(1, "first") + "\tTcut sh");
     }
-    SleepMs(200);
+    std::this_thread::sleep_for(std::chrono::milliseconds(200));
     CFakeDaemon second(m_strSocket);
     ASSERT_TRUE(second.Connected());
     second.Send(Row(1, "second"));

@@ -1,12 +1,13 @@
 // zorctl against a live unitd, as a person or a script would run it.
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <poll.h>
+#include <signal.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdio>
 
-#include "UnitdProcess.h"
+#include "ChildProcess.h"
+#include "Controller.h"
 
 namespace {
 
@@ -32,9 +33,13 @@ Run_t Zorctl(const std::string& args)
 
 class ZorctlLive : public testing::Test {
 protected:
-    void SetUp() override { ASSERT_TRUE(m_unitd.Start()); }
-    std::string Sock() { return "--socket " + m_unitd.Socket() + " "; }
-    CUnitdProcess m_unitd{UNIT_TEST_FILES "/small.json", TestSocketPath("zorctl")};
+    void SetUp() override
+    {
+        std::string error;
+        ASSERT_TRUE(m_unitd.Start(&error)) << error;
+    }
+    std::string Sock() { return "--socket " + m_unitd.SocketPath() + " "; }
+    e2e::CUnitServer m_unitd{UNIT_TEST_FILES "/small.json"};
 };
 
 }  // namespace
@@ -90,35 +95,21 @@ TEST_F(ZorctlLive, ListsSubsystems)
 
 TEST_F(ZorctlLive, WatchPrintsChangesUntilInterrupted)
 {
-    int fds[2];
-    ASSERT_EQ(pipe(fds), 0);
-    pid_t pid = fork();
-    if (pid == 0) {
-        dup2(fds[1], 1);
-        close(fds[0]);
-        execl(ZORCTL_PATH, "zorctl", "--socket", m_unitd.Socket().c_str(), "--json", "watch", "unitAlias",
-              static_cast<char*>(nullptr));
-        _exit(127);
-    }
-    close(fds[1]);
+    e2e::CChildProcess watch({ZORCTL_PATH, "--socket", m_unitd.SocketPath(), "--json", "watch", "unitAlias"});
+    std::string error;
+    ASSERT_TRUE(watch.Start(&error)) << error;
     // Write until the watcher has subscribed and shows the change.
-    std::string seen;
-    for (int i = 0; i < 50 && seen.find('\n') == std::string::npos; ++i) {
+    bool seen = false;
+    for (int i = 0; i < 50 && !seen; ++i) {
         Zorctl(Sock() + "set unitAlias.0 W" + std::to_string(i));
-        pollfd p{fds[0], POLLIN, 0};
-        if (poll(&p, 1, 100) > 0) {
-            char buf[256];
-            ssize_t n = read(fds[0], buf, sizeof buf);
-            seen.append(buf, n > 0 ? static_cast<size_t>(n) : 0);
-        }
+        seen = watch.WaitForStdout("\n", 100) != std::string::npos;
     }
-    EXPECT_EQ(seen.compare(0, 58, R"({"event":"change","name":"unitAlias","instance":".0","valu)"), 0)
-        << seen;
-    kill(pid, SIGINT);
-    int status = 0;
-    waitpid(pid, &status, 0);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-    close(fds[0]);
+    EXPECT_EQ(watch.Stdout().compare(0, 58, R"({"event":"change","name":"unitAlias","instance":".0","valu)"),
+              0)
+        << watch.Describe();
+    watch.Signal(SIGINT);
+    ASSERT_TRUE(watch.WaitExit(20000));
+    EXPECT_EQ(watch.ExitCode(), 0) << watch.Describe();
 }
 
 TEST(Zorctl, FailsClearlyWithoutAUnitdOrWithABadCommandLine)

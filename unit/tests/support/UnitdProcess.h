@@ -1,9 +1,9 @@
-// Starts the real unitd for a test and stops it again.
+// Starts the real unitd for the SDK's benchmark and stops it again. Tests use the shared
+// launcher of tests/e2e/harness (Controller.h), which also keeps unitd's output.
 #pragma once
 
 #include <signal.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
 #include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -19,7 +19,13 @@ public:
         : m_strUnit(unitFile), m_strSocket(socketPath)
     {
     }
-    ~CUnitdProcess() { Stop(); }
+    ~CUnitdProcess()
+    {
+        if (m_pid > 0) {
+            kill(m_pid, SIGTERM);
+            waitpid(m_pid, nullptr, 0);
+        }
+    }
 
     // Starts unitd and waits until its socket accepts; false when it did not come up.
     bool Start()
@@ -30,49 +36,18 @@ public:
                   static_cast<char*>(nullptr));
             _exit(127);
         }
-        for (int i = 0; i < 200; ++i) {
-            if (CanConnect()) {
-                return true;
-            }
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
-        return false;
-    }
-
-    // SIGTERM and wait; the exit status, or -1 when it was not running or died of a signal.
-    int Stop()
-    {
-        if (m_pid <= 0) {
-            return -1;
-        }
-        kill(m_pid, SIGTERM);
-        int status = 0;
-        waitpid(m_pid, &status, 0);
-        m_pid = -1;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-
-    // Waits for unitd to end by itself; its exit status as Stop().
-    int Wait()
-    {
-        if (m_pid <= 0) {
-            return -1;
-        }
-        int status = 0;
-        waitpid(m_pid, &status, 0);
-        m_pid = -1;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-
-    bool CanConnect() const
-    {
-        int fd = socket(AF_UNIX, SOCK_STREAM, 0);
         sockaddr_un addr{};
         addr.sun_family = AF_UNIX;
         std::strncpy(addr.sun_path, m_strSocket.c_str(), sizeof addr.sun_path - 1);
-        bool ok = connect(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr) == 0;
-        close(fd);
-        return ok;
+        for (int i = 0; i < 200; ++i) {
+            int fd = socket(AF_UNIX, SOCK_STREAM, 0);
+            bool up = connect(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr) == 0;
+            close(fd);
+            if (up)
+                return true;
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        }
+        return false;
     }
 
     const std::string& Socket() const { return m_strSocket; }
@@ -83,7 +58,7 @@ private:
     pid_t m_pid = -1;
 };
 
-// A test's own socket path, short enough for sun_path.
+// A socket path of this process, short enough for sun_path.
 inline std::string TestSocketPath(const std::string& tag)
 {
     return "/tmp/zt-" + std::to_string(getpid()) + "-" + tag + ".sock";
