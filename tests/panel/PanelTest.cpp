@@ -7,7 +7,7 @@ namespace PanelTest {
 
 CPanelTest::CPanelTest()
 {
-    MakeManager(nullptr);
+    UseClient(nullptr);
 }
 
 CPanelTest::~CPanelTest()
@@ -18,7 +18,7 @@ CPanelTest::~CPanelTest()
     m_pZor.reset();
 }
 
-void CPanelTest::MakeManager(CTavClient* pClient)
+void CPanelTest::UseClient(CTavClient* pClient)
 {
     m_pManager.reset(new CTavScreenManager(nullptr, &m_rig.Display(), pClient));
 }
@@ -28,15 +28,18 @@ CTavClient* CPanelTest::Client(const std::string& unit)
     if (!m_pClient) {
         m_pZor.reset(new Zor::CZorClient("zor.fp", "embedded:" + std::string(FP_UNIT_DIR) + "/" + unit));
         m_pClient.reset(new CTavClient(m_pZor.get()));
-        MakeManager(m_pClient.get());
+        UseClient(m_pClient.get());
     }
     return m_pClient.get();
 }
 
-void CPanelTest::Press(int key)
+void CPanelTest::Press(std::initializer_list<int> keys, int times)
 {
-    KeyPress_t press = {key, KEY_STATE_DOWN};
-    m_pManager->RouteKey(press);
+    for (int i = 0; i < times; ++i)
+        for (int key : keys) {
+            KeyPress_t press = {key, KEY_STATE_DOWN};
+            m_pManager->RouteKey(press);
+        }
 }
 
 }  // namespace PanelTest

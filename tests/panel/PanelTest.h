@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <memory>
 #include <string>
 
@@ -39,8 +40,9 @@ protected:
     CPanelRig& Rig() { return m_rig; }
     void Add(CScreen* pScreen, const std::string& name) { m_pManager->AddScreen(pScreen, name); }
     void Show(const std::string& name) { m_pManager->ShowScreenLocked(name); }
-    // A key press as the keypad dispatches it.
-    void Press(int key);
+    // Key presses as the keypad dispatches them, `times` over.
+    void Press(int key, int times = 1) { Press({key}, times); }
+    void Press(std::initializer_list<int> keys, int times = 1);
     std::string Current() { return m_pManager->GetCurrentName(); }
     std::string Panel() { return m_rig.Dump(); }
     ::testing::AssertionResult PanelMatches(const std::string& golden)
@@ -48,8 +50,10 @@ protected:
         return MatchesGolden(golden, Panel());
     }
 
+    // Makes the manager again around a client the test owns (null before that client goes).
+    void UseClient(CTavClient* pClient);
+
 private:
-    void MakeManager(CTavClient* pClient);
 
     CPanelRig m_rig;
     std::unique_ptr<Zor::CZorClient> m_pZor;

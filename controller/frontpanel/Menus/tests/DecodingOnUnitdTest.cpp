@@ -5,11 +5,6 @@
 // row below their label.
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <memory>
-#include <thread>
-
-#include "Client/TavClient.h"
 #include "TreeOnUnitd.h"
 #include "ScreenManager/ScreenNames.h"
 
@@ -75,7 +70,7 @@ TEST_F(DecodingOnUnitdTest, StatusPagesFollowAServiceChangeWhileOnView)
 {
     Show(kServiceSelectStatus);
     ASSERT_TRUE(PanelShows("Name: News 24 HD"));
-    ASSERT_TRUE(m_pUnitd->Set("servicelockServiceNum", ".1.1", 2, false).value("ok", false));
+    Set("servicelockServiceNum", ".1.1", 2);
     EXPECT_TRUE(PanelShows("Service: 2"));
     EXPECT_TRUE(PanelShows("Name: Sport Live HD"));
 
@@ -90,10 +85,10 @@ TEST_F(DecodingOnUnitdTest, StatusPagesFollowAServiceChangeWhileOnView)
     // decoder cannot name.
     Show(kVideoStatus);
     ASSERT_TRUE(PanelShows("Video PID: 0200"));
-    ASSERT_TRUE(m_pUnitd->Set("servicelockServiceNum", ".1.1", 3, false).value("ok", false));
+    Set("servicelockServiceNum", ".1.1", 3);
     EXPECT_TRUE(PanelShows("Video PID: 0300"));
     EXPECT_TRUE(PanelShows("Video Type: MPEG-2"));
-    ASSERT_TRUE(m_pUnitd->Set("videoFrameRate", ".1.1", "48 fps").value("ok", false));
+    Force("videoFrameRate", ".1.1", "48 fps");
     Press({KEY_DOWN}, 4);
     EXPECT_TRUE(PanelShows(">Frame Rate: -- fps"));
 }

@@ -59,14 +59,11 @@ TEST_F(ScreenManagerTest, TreeNavigationEndToEnd)
 
     Press(KEY_UP);
     EXPECT_PANEL("tree_main_menu_up_selects_last");
-    Press(KEY_DOWN);
-    Press(KEY_ENTER);
+    Press({KEY_DOWN, KEY_ENTER});
     EXPECT_EQ("Inputs", Current());
     EXPECT_PANEL("tree_inputs");
 
-    Press(KEY_DOWN);
-    Press(KEY_ENTER);
-    Press(KEY_UP);
+    Press({KEY_DOWN, KEY_ENTER, KEY_UP});
     EXPECT_PANEL("tree_inputs_marker_editing");
     Press(KEY_ENTER);
 
@@ -86,9 +83,7 @@ TEST_F(ScreenManagerTest, UnknownAndPlaceholderNamesKeepTheScreenOnView)
     EXPECT_EQ("Main Menu", Current());
 
     // "Alarms" is named by a line but was never added.
-    Press(KEY_DOWN);
-    Press(KEY_DOWN);
-    Press(KEY_ENTER);
+    Press({KEY_DOWN, KEY_DOWN, KEY_ENTER});
     EXPECT_EQ("Main Menu", Current());
 
     // A lookup leaves a null entry behind; adding the screen later still works.
