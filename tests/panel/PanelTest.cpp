@@ -1,9 +1,40 @@
 #include "PanelTest.h"
 
+#include <chrono>
+#include <sstream>
+#include <thread>
+
 #include "Client/TavClient.h"
 #include "Zor/Zor.h"
 
 namespace PanelTest {
+
+bool WaitUntil(const std::function<bool()>& done, int ms)
+{
+    auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
+    while (!done()) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return true;
+}
+
+std::string Row(const std::string& dump, int r)
+{
+    std::istringstream in(dump);
+    std::string line;
+    int row = -1;
+    while (std::getline(in, line)) {
+        if (line.empty() || line[0] != '|')
+            continue;  // highlight marks
+        if (++row == r) {
+            std::string cells = line.substr(1, line.size() >= 2 ? line.size() - 2 : 0);
+            return cells.erase(cells.find_last_not_of(' ') + 1);
+        }
+    }
+    return std::string();
+}
 
 CPanelTest::CPanelTest()
 {
@@ -37,7 +68,7 @@ void CPanelTest::Press(std::initializer_list<int> keys, int times)
 {
     for (int i = 0; i < times; ++i)
         for (int key : keys) {
-            KeyPress_t press = {key, KEY_STATE_DOWN};
+            KeyPress_t press = Key(key);
             m_pManager->RouteKey(press);
         }
 }

@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -26,6 +27,15 @@ class CZorClient;
 }
 
 namespace PanelTest {
+
+inline KeyPress_t Key(int code, int state = KEY_STATE_DOWN)
+{
+    return KeyPress_t{code, state};
+}
+// Polls `done` until it holds or `ms` pass (events and timers run on their own threads).
+bool WaitUntil(const std::function<bool()>& done, int ms = 5000);
+// Row r of a panel dump (without the bars), blanks at the end dropped.
+std::string Row(const std::string& dump, int r);
 
 class CPanelTest : public ::testing::Test {
 protected:

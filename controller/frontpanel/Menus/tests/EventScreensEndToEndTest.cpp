@@ -8,6 +8,7 @@
 #include "Lines/GenericLine.h"
 #include "Menus/MenuUnitTemperature.h"
 #include "Menus/MenuVoltageLevelStatus.h"
+#include "ScreenManager/MenuStyle.h"
 #include "ScreenManager/TableScreen.h"
 #include "TestScreens.h"
 #include "TreeOnUnitd.h"

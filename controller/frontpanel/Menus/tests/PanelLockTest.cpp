@@ -7,11 +7,12 @@
 #include "Lines/GenericStringLine.h"
 #include "Menus/MenuChangePanelPassword.h"
 #include "Menus/MenuFrontpanelLock.h"
-#include "RootScreensTestKit.h"
+#include "PanelTest.h"
+#include "ScreenManager/MenuStyle.h"
 #include "ScreenManager/TavConfigScreen.h"
 #include "ScreenManager/TavScreenCreator.h"
 
-using RootScreens::Row;
+using PanelTest::Row;
 
 namespace {
 

@@ -6,14 +6,25 @@
 #include "Menus/MenuActiveErrors.h"
 #include "Menus/MenuHome.h"
 #include "Menus/MenuMain.h"
-#include "RootScreensTestKit.h"
+#include "Lines/GenericLine.h"
+#include "PanelTest.h"
+#include "ScreenManager/MenuStyle.h"
 #include "ScreenManager/TavScreenCreator.h"
 #include "Zor/Zor.h"
 
-using RootScreens::Labels;
-using RootScreens::Row;
+using PanelTest::Row;
 
 namespace {
+
+// The labels of the shown lines of a screen.
+std::vector<std::string> Labels(CScreen* pScreen)
+{
+    std::vector<std::string> labels;
+    CLineContainer& lines = pScreen->GetMenu()->GetLines();
+    for (int i = 0; i < lines.GetCount(); ++i)
+        labels.push_back(lines.GetLine(i)->GetLabel());
+    return labels;
+}
 
 class RootScreensTest : public PanelTest::CPanelTest {
 protected:

@@ -13,9 +13,10 @@
 #include "Menus/MenuProfiles.h"
 #include "Menus/ProfileApplyEvent.h"
 #include "Menus/ProfileStatus.h"
+#include "ScreenManager/MenuStyle.h"
 #include "TreeOnUnitd.h"
 
-using RootScreens::Row;
+using PanelTest::Row;
 
 namespace {
 

@@ -23,7 +23,6 @@
 #include "Controller.h"
 #include "PanelTest.h"
 #include "Paths.h"
-#include "RootScreensTestKit.h"
 #include "ScreenManager/TavScreenCreator.h"
 #include "Zor/Zor.h"
 
@@ -83,15 +82,10 @@ protected:
     ::testing::AssertionResult PanelBecomes(const std::function<bool(const std::string&)>& check,
                                             const std::string& what, int ms = 20000)
     {
-        auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
-        for (;;) {
-            std::string panel = Panel();
-            if (check(panel))
-                return ::testing::AssertionSuccess();
-            if (std::chrono::steady_clock::now() > end)
-                return ::testing::AssertionFailure() << "never " << what << " on\n" << panel;
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        }
+        std::string panel;
+        if (PanelTest::WaitUntil([&] { return check(panel = Panel()); }, ms))
+            return ::testing::AssertionSuccess();
+        return ::testing::AssertionFailure() << "never " << what << " on\n" << panel;
     }
     // The panel shows the text (or, with `shown` false, no longer shows it).
     ::testing::AssertionResult PanelShows(const std::string& text, bool shown = true, int ms = 10000)
@@ -101,7 +95,7 @@ protected:
     }
     ::testing::AssertionResult RowReads(int r, const std::string& text)
     {
-        return PanelBecomes([&](const std::string& p) { return RootScreens::Row(p, r) == text; },
+        return PanelBecomes([&](const std::string& p) { return PanelTest::Row(p, r) == text; },
                             "row " + std::to_string(r) + " \"" + text + "\"");
     }
     ::testing::AssertionResult PanelIs(const std::string& panel)

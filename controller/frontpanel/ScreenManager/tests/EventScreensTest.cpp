@@ -20,17 +20,6 @@
 
 namespace {
 
-bool WaitFor(const std::function<bool()>& done, int ms = 5000)
-{
-    auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
-    while (!done()) {
-        if (std::chrono::steady_clock::now() > end)
-            return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-    return true;
-}
-
 class CNavMenu : public CTavNavMenuScreen {
 public:
     CNavMenu() { m_pMenu->SetTitle("Nav"); }
@@ -118,7 +107,7 @@ TEST_F(EventScreensTest, StatusPageFilesEventsWhileOnView)
     EXPECT_NE(Panel().find("Alias: Uplink IRD 3"), std::string::npos) << Panel();
 
     ASSERT_TRUE(Client()->SendData("unitAlias", ".0", "Second"));
-    EXPECT_TRUE(WaitFor([&]() { return Panel().find("Alias: Second") != std::string::npos; })) << Panel();
+    EXPECT_TRUE(PanelTest::WaitUntil([&]() { return Panel().find("Alias: Second") != std::string::npos; })) << Panel();
     EXPECT_EQ(pStatus->GetUpdateCount(), 1);
 
     // Entry reads afresh.
@@ -133,7 +122,7 @@ TEST_F(EventScreensTest, PollingRunsOnlyWhileOnView)
     CTicker* pTicker = new CTicker();
     Add(pTicker, "Ticker");
     Show("Ticker");
-    ASSERT_TRUE(WaitFor([&]() { return pTicker->m_iTicks.load() >= 3; }));
+    ASSERT_TRUE(PanelTest::WaitUntil([&]() { return pTicker->m_iTicks.load() >= 3; }));
     EXPECT_NE(Panel().find("Tick"), std::string::npos);
 
     Show("Elsewhere");

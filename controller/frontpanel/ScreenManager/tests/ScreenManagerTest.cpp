@@ -12,6 +12,8 @@ using PanelTest::CTextLine;
 using PanelTest::MenuRows;
 using PanelTest::Row_t;
 
+using PanelTest::Key;
+
 namespace {
 
 class ScreenManagerTest : public PanelTest::CPanelTest {
@@ -43,11 +45,6 @@ protected:
 
     CTableScreen* m_pInputs = nullptr;
 };
-
-KeyPress_t Key(int code, int state = KEY_STATE_DOWN)
-{
-    return KeyPress_t{code, state};
-}
 
 }  // namespace
 
