@@ -1,8 +1,7 @@
 // Decoding and processing as start-up builds them, on the panel and a real unitd: what each
 // kind of edit writes (PIDs typed in hexadecimal, kept by the controller as numbers), a long
 // list scrolled to its end and back, the status pages following a service change while on
-// view, the second output's formats, a unit without the decoder, and values that take the
-// row below their label.
+// view, the second output's formats, and a unit without the decoder.
 #include <gtest/gtest.h>
 
 #include "TreeOnUnitd.h"
@@ -121,14 +120,4 @@ TEST_F(DecodingTreeTest, NoDecodingOrProcessingScreenExists)
         Show(name);
         EXPECT_NE(Current(), name);
     }
-}
-
-TEST_F(DecodingTreeTest, ValuesWiderThanTheirRowHaveTheRowBelowTheLabel)
-{
-    CTavScreenCreator creator;
-    creator.CreateScreens(&Manager(), Client("full.json"));
-    Show(kServiceSelectSettings);
-    EXPECT_PANEL("decoding_service_selection");
-    Show(kGenlockStatus);
-    EXPECT_PANEL("decoding_genlock_status");
 }
