@@ -148,7 +148,6 @@ TEST_F(TakeoverTest, ApplyShowsEveryStateAndEndsOnlyWithTheOutcome)
     Build({{"profileApplyStepMs", 400}});
     Choose(3);  // "Sports Feed"
     const std::string before = Panel();
-    EXPECT_PANEL("profile_actions");
     Press(KEY_ENTER);
     EXPECT_EQ(PanelWrites("profileApplyProfile"), std::vector<std::string>{"Sports Feed"});
     EXPECT_TRUE(RowReads(2, "Validating Profile..."));
