@@ -1,13 +1,44 @@
 #include "PanelTest.h"
 
+#include <chrono>
+#include <sstream>
+#include <thread>
+
 #include "Client/TavClient.h"
 #include "Zor/Zor.h"
 
 namespace PanelTest {
 
+bool WaitUntil(const std::function<bool()>& done, int ms)
+{
+    auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
+    while (!done()) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+    return true;
+}
+
+std::string Row(const std::string& dump, int r)
+{
+    std::istringstream in(dump);
+    std::string line;
+    int row = -1;
+    while (std::getline(in, line)) {
+        if (line.empty() || line[0] != '|')
+            continue;  // highlight marks
+        if (++row == r) {
+            std::string cells = line.substr(1, line.size() >= 2 ? line.size() - 2 : 0);
+            return cells.erase(cells.find_last_not_of(' ') + 1);
+        }
+    }
+    return std::string();
+}
+
 CPanelTest::CPanelTest()
 {
-    MakeManager(nullptr);
+    UseClient(nullptr);
 }
 
 CPanelTest::~CPanelTest()
@@ -18,7 +49,7 @@ CPanelTest::~CPanelTest()
     m_pZor.reset();
 }
 
-void CPanelTest::MakeManager(CTavClient* pClient)
+void CPanelTest::UseClient(CTavClient* pClient)
 {
     m_pManager.reset(new CTavScreenManager(nullptr, &m_rig.Display(), pClient));
 }
@@ -28,15 +59,18 @@ CTavClient* CPanelTest::Client(const std::string& unit)
     if (!m_pClient) {
         m_pZor.reset(new Zor::CZorClient("zor.fp", "embedded:" + std::string(FP_UNIT_DIR) + "/" + unit));
         m_pClient.reset(new CTavClient(m_pZor.get()));
-        MakeManager(m_pClient.get());
+        UseClient(m_pClient.get());
     }
     return m_pClient.get();
 }
 
-void CPanelTest::Press(int key)
+void CPanelTest::Press(std::initializer_list<int> keys, int times)
 {
-    KeyPress_t press = {key, KEY_STATE_DOWN};
-    m_pManager->RouteKey(press);
+    for (int i = 0; i < times; ++i)
+        for (int key : keys) {
+            KeyPress_t press = Key(key);
+            m_pManager->RouteKey(press);
+        }
 }
 
 }  // namespace PanelTest

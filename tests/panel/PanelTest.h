@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <initializer_list>
 #include <memory>
 #include <string>
 
@@ -26,6 +28,15 @@ class CZorClient;
 
 namespace PanelTest {
 
+inline KeyPress_t Key(int code, int state = KEY_STATE_DOWN)
+{
+    return KeyPress_t{code, state};
+}
+// Polls `done` until it holds or `ms` pass (events and timers run on their own threads).
+bool WaitUntil(const std::function<bool()>& done, int ms = 5000);
+// Row r of a panel dump (without the bars), blanks at the end dropped.
+std::string Row(const std::string& dump, int r);
+
 class CPanelTest : public ::testing::Test {
 protected:
     CPanelTest();
@@ -39,8 +50,9 @@ protected:
     CPanelRig& Rig() { return m_rig; }
     void Add(CScreen* pScreen, const std::string& name) { m_pManager->AddScreen(pScreen, name); }
     void Show(const std::string& name) { m_pManager->ShowScreenLocked(name); }
-    // A key press as the keypad dispatches it.
-    void Press(int key);
+    // Key presses as the keypad dispatches them, `times` over.
+    void Press(int key, int times = 1) { Press({key}, times); }
+    void Press(std::initializer_list<int> keys, int times = 1);
     std::string Current() { return m_pManager->GetCurrentName(); }
     std::string Panel() { return m_rig.Dump(); }
     ::testing::AssertionResult PanelMatches(const std::string& golden)
@@ -48,8 +60,10 @@ protected:
         return MatchesGolden(golden, Panel());
     }
 
+    // Makes the manager again around a client the test owns (null before that client goes).
+    void UseClient(CTavClient* pClient);
+
 private:
-    void MakeManager(CTavClient* pClient);
 
     CPanelRig m_rig;
     std::unique_ptr<Zor::CZorClient> m_pZor;

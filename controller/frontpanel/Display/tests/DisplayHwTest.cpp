@@ -8,7 +8,8 @@
 #include <thread>
 
 #include "Display/DisplayHw.h"
-#include "PanelLink.h"
+#include "Qb/Socket.h"
+#include "PanelEnd.h"
 #include "panelsim/PanelModel.h"
 
 namespace {
@@ -26,11 +27,12 @@ class DisplayHwTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        ASSERT_TRUE(m_link.Connected());
-        m_pDisplay.reset(new CDisplayHw(m_link.Socket()));
+        ASSERT_TRUE(m_link.Accept());
+        m_pDisplay.reset(new CDisplayHw(m_socket));
     }
 
-    CPanelLink m_link;
+    CPanelEnd m_link;
+    Qb::CStreamSocket m_socket{Qb::CLocalSocketAddress(m_link.Path())};
     std::unique_ptr<CDisplayHw> m_pDisplay;
 };
 

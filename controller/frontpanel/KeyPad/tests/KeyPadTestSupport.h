@@ -1,16 +1,11 @@
-// Doubles for the keypad tests: the panel's end of the socket, a recording handler, the
-// captured log, and a keypad whose clock and thread starts the test controls.
+// Doubles for the keypad tests: a recording handler, the captured log, and a keypad whose
+// clock and thread starts the test controls.
 #pragma once
 
 #include <gtest/gtest.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 #include <atomic>
 #include <condition_variable>
-#include <cstring>
 #include <log4cpp/Category.hh>
 #include <log4cpp/OstreamAppender.hh>
 #include <log4cpp/PatternLayout.hh>
@@ -21,52 +16,8 @@
 
 #include "Client/TavClient.h"
 #include "KeyPad/TavKeyPad.h"
+#include "PanelEnd.h"
 #include "Zor/ZorClient.h"
-
-// Listens where the keypad connects, accepts it and sends it raw bytes.
-class CPanelEnd {
-public:
-    CPanelEnd() : m_iListen(::socket(AF_UNIX, SOCK_STREAM, 0)), m_iPeer(-1)
-    {
-        char dir[] = "/tmp/keypad-test-XXXXXX";
-        m_strPath = std::string(::mkdtemp(dir)) + "/panel.socket";
-        sockaddr_un addr = {};
-        addr.sun_family = AF_UNIX;
-        std::strncpy(addr.sun_path, m_strPath.c_str(), sizeof addr.sun_path - 1);
-        EXPECT_EQ(0, ::bind(m_iListen, reinterpret_cast<sockaddr*>(&addr), sizeof addr));
-        EXPECT_EQ(0, ::listen(m_iListen, 1));
-    }
-    ~CPanelEnd()
-    {
-        ::close(m_iPeer);
-        ::close(m_iListen);
-        ::unlink(m_strPath.c_str());
-        ::rmdir(m_strPath.substr(0, m_strPath.rfind('/')).c_str());
-    }
-    const std::string& Path() const { return m_strPath; }
-    bool Accept()
-    {
-        pollfd pfd = {m_iListen, POLLIN, 0};
-        m_iPeer = ::poll(&pfd, 1, 5000) == 1 ? ::accept(m_iListen, nullptr, nullptr) : -1;
-        return m_iPeer >= 0;
-    }
-    void Send(const std::vector<Qb::uint8>& bytes)
-    {
-        ::send(m_iPeer, bytes.data(), bytes.size(), MSG_NOSIGNAL);
-    }
-    void Key(int key, int state) { Send({0x09, 'K', Qb::uint8(key), Qb::uint8(state), 0x7E}); }
-    // Closes the connection, as a restarting multiplexer would.
-    void Drop()
-    {
-        ::close(m_iPeer);
-        m_iPeer = -1;
-    }
-
-private:
-    int m_iListen;
-    int m_iPeer;
-    std::string m_strPath;
-};
 
 // Records events as text, "KEY LEFT Down," or "COMBO_DOWN 13," (the keys down), with a "+"
 // before the comma when the event carried the hold flag.

@@ -11,14 +11,12 @@
 #include "Client/TavClient.h"
 #include "KeyPad/KeyPress.h"
 #include "Lines/GenericLine.h"
+#include "PanelTest.h"
 #include "Zor/Zor.h"
 
 namespace LineTest {
 
-inline KeyPress_t Key(int code)
-{
-    return KeyPress_t{code, KEY_STATE_DOWN};
-}
+using PanelTest::Key;
 
 // Presses each key of `keys` in turn: L, R, U, D, X (EXIT), E (ENTER); returns the last answer.
 inline bool Keys(CGenericLine& line, const std::string& keys)

@@ -8,6 +8,8 @@
 #include "PanelTest.h"
 #include "TestScreens.h"
 
+using PanelTest::Key;
+
 namespace {
 
 // Counts deletions so ownership can be checked.
@@ -19,11 +21,6 @@ public:
 private:
     int* m_pDeleted;
 };
-
-KeyPress_t Key(int code)
-{
-    return KeyPress_t{code, KEY_STATE_DOWN};
-}
 
 // Slot indices of the shown lines, in shown order.
 std::vector<int> Shown(const CLineContainer& lines)

@@ -3,11 +3,6 @@
 // discarded or applied, and the factory reset's question.
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <memory>
-#include <thread>
-
-#include "Client/TavClient.h"
 #include "TreeOnUnitd.h"
 
 namespace {
@@ -25,15 +20,15 @@ TEST_F(AdminOnUnitdTest, EachKindOfEditIsWrittenOnceAndRowsFollowIt)
     EXPECT_TRUE(PanelShows("Enable UID: Enabled"));
 
     // The lock entry is named after the mode.
-    ASSERT_TRUE(m_pUnitd->Set("frontpanelLockMode", ".0", 2, false).value("ok", false));
+    Set("frontpanelLockMode", ".0", 2);
     Show("Home");
     Show("Admin");
     Press({KEY_UP, KEY_UP, KEY_UP, KEY_UP, KEY_UP, KEY_UP});
     EXPECT_TRUE(PanelShows("Unlock Front Panel"));
-    ASSERT_TRUE(m_pUnitd->Set("frontpanelLockMode", ".0", 1, false).value("ok", false));
+    Set("frontpanelLockMode", ".0", 1);
 
     // A value the unit refuses is not kept, and the panel says why for a moment.
-    ASSERT_TRUE(m_pUnitd->Set("tcpipApplyNew", ".0", true, false).value("ok", false));  // busy
+    Set("tcpipApplyNew", ".0", true);  // busy
     Show("Configure Network");
     Press({KEY_DOWN, KEY_ENTER, KEY_UP});
     std::thread enter([this] { Press({KEY_ENTER}); });
@@ -84,7 +79,7 @@ TEST_F(AdminOnUnitdTest, StagedNetworkEditsAreDiscardedOnExitOrAppliedTogether)
     EXPECT_EQ(Written("tcpipNewIpMode", since), Writes({".0=Enabled"}));
     Press({KEY_EXIT});
     EXPECT_EQ(Written("tcpipNewIpMode", since), Writes({".0=Enabled", ".0=Disabled"}));
-    EXPECT_EQ(m_pManager->GetCurrentName(), "Unit Networking");
+    EXPECT_EQ(Current(), "Unit Networking");
 
     Show("Configure Network");
     since = m_pUnitd->NextWrite();
@@ -102,7 +97,7 @@ TEST_F(AdminOnUnitdTest, ResetAllSettingsAsksAndNoChangesNothing)
     Show("Reset All Settings");
     int since = m_pUnitd->NextWrite();
     Press({KEY_ENTER});  // "No" is offered first
-    EXPECT_EQ(m_pManager->GetCurrentName(), "Admin");
+    EXPECT_EQ(Current(), "Admin");
     EXPECT_TRUE(Written("utilityResetSettings", since).empty());
 
     Show("Reset All Settings");

@@ -3,11 +3,6 @@
 // CAM configuration saved in one go or dropped, and the CAM status following the stream.
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <memory>
-#include <thread>
-
-#include "Client/TavClient.h"
 #include "TreeOnUnitd.h"
 
 namespace {
@@ -53,17 +48,16 @@ TEST_F(ConditionalAccessOnUnitdTest, StagedServicesAreSavedTogetherOrDroppedWith
     Press({KEY_EXIT});
     EXPECT_PANEL("dvbci_save_question");
     Press({KEY_RIGHT, KEY_ENTER});  // "No"
-    EXPECT_EQ(m_pManager->GetCurrentName(), "DVB-CI(Top)");
+    EXPECT_EQ(Current(), "DVB-CI(Top)");
     EXPECT_TRUE(Written("camselectedserviceRowStatus", since).empty());
     EXPECT_TRUE(Written("camselectedserviceProgramNumber", since).empty());
 
     // The same again, saved: the row that goes and the new one, in one go.
     Show("DVB-CI(Top) Config Srvs");
     ASSERT_TRUE(PanelShows("Srv 7 (Not Present)"));
-    Press({KEY_DOWN, KEY_DOWN, KEY_ENTER});
-    Press({KEY_ENTER, KEY_UP, KEY_UP, KEY_UP, KEY_ENTER});
+    Press({KEY_DOWN, KEY_DOWN, KEY_ENTER, KEY_ENTER, KEY_UP, KEY_UP, KEY_UP, KEY_ENTER});
     Press({KEY_EXIT, KEY_ENTER});  // "Yes"
-    EXPECT_EQ(m_pManager->GetCurrentName(), "DVB-CI(Top)");
+    EXPECT_EQ(Current(), "DVB-CI(Top)");
     EXPECT_EQ(Written("camselectedserviceRowStatus", since), Writes({".1.3=6", ".1.4=4"}));
     EXPECT_EQ(Written("camselectedserviceProgramNumber", since), Writes({".1.4=3"}));
     Show("DVB-CI(Top) Status");
@@ -74,7 +68,7 @@ TEST_F(ConditionalAccessOnUnitdTest, StagedServicesAreSavedTogetherOrDroppedWith
     // Leaving without changes asks nothing.
     Show("DVB-CI(Top) Config Srvs");
     Press({KEY_EXIT});
-    EXPECT_EQ(m_pManager->GetCurrentName(), "DVB-CI(Top)");
+    EXPECT_EQ(Current(), "DVB-CI(Top)");
 }
 
 TEST_F(ConditionalAccessOnUnitdTest, SelectedPidsShowTheirServiceAndLeaveTheStreamLive)
@@ -86,7 +80,7 @@ TEST_F(ConditionalAccessOnUnitdTest, SelectedPidsShowTheirServiceAndLeaveTheStre
     Show("DVB-CI(Btm) Status");
     ASSERT_TRUE(PanelShows("|   0x0300      "));
     // Service 3 leaves the stream while the page is on view.
-    ASSERT_TRUE(m_pUnitd->Set("siserviceRowStatus", ".1.3", 6, true).value("ok", false));
+    Force("siserviceRowStatus", ".1.3", 6);
     EXPECT_TRUE(PanelShows("0x0300 (Not Present)"));
 }
 

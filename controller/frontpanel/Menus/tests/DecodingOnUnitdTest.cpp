@@ -1,15 +1,9 @@
 // Decoding and processing as start-up builds them, on the panel and a real unitd: what each
 // kind of edit writes (PIDs typed in hexadecimal, kept by the controller as numbers), a long
 // list scrolled to its end and back, the status pages following a service change while on
-// view, the second output's formats, a unit without the decoder, and values that take the
-// row below their label.
+// view, the second output's formats, and a unit without the decoder.
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <memory>
-#include <thread>
-
-#include "Client/TavClient.h"
 #include "TreeOnUnitd.h"
 #include "ScreenManager/ScreenNames.h"
 
@@ -75,7 +69,7 @@ TEST_F(DecodingOnUnitdTest, StatusPagesFollowAServiceChangeWhileOnView)
 {
     Show(kServiceSelectStatus);
     ASSERT_TRUE(PanelShows("Name: News 24 HD"));
-    ASSERT_TRUE(m_pUnitd->Set("servicelockServiceNum", ".1.1", 2, false).value("ok", false));
+    Set("servicelockServiceNum", ".1.1", 2);
     EXPECT_TRUE(PanelShows("Service: 2"));
     EXPECT_TRUE(PanelShows("Name: Sport Live HD"));
 
@@ -90,10 +84,10 @@ TEST_F(DecodingOnUnitdTest, StatusPagesFollowAServiceChangeWhileOnView)
     // decoder cannot name.
     Show(kVideoStatus);
     ASSERT_TRUE(PanelShows("Video PID: 0200"));
-    ASSERT_TRUE(m_pUnitd->Set("servicelockServiceNum", ".1.1", 3, false).value("ok", false));
+    Set("servicelockServiceNum", ".1.1", 3);
     EXPECT_TRUE(PanelShows("Video PID: 0300"));
     EXPECT_TRUE(PanelShows("Video Type: MPEG-2"));
-    ASSERT_TRUE(m_pUnitd->Set("videoFrameRate", ".1.1", "48 fps").value("ok", false));
+    Force("videoFrameRate", ".1.1", "48 fps");
     Press({KEY_DOWN}, 4);
     EXPECT_TRUE(PanelShows(">Frame Rate: -- fps"));
 }
@@ -126,14 +120,4 @@ TEST_F(DecodingTreeTest, NoDecodingOrProcessingScreenExists)
         Show(name);
         EXPECT_NE(Current(), name);
     }
-}
-
-TEST_F(DecodingTreeTest, ValuesWiderThanTheirRowHaveTheRowBelowTheLabel)
-{
-    CTavScreenCreator creator;
-    creator.CreateScreens(&Manager(), Client("full.json"));
-    Show(kServiceSelectSettings);
-    EXPECT_PANEL("decoding_service_selection");
-    Show(kGenlockStatus);
-    EXPECT_PANEL("decoding_genlock_status");
 }

@@ -1,29 +1,24 @@
-// Event-driven pages on the panel and a real unitd: the panel lock modes, subscriptions only
-// while on view, forced hardware values reaching a status page, and what an edit writes.
+// Event-driven pages on the panel, over the embedded unit and over a real unitd: the panel
+// lock modes, subscriptions only while on view, forced hardware values reaching a status
+// page, and what an edit writes.
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <chrono>
-#include <functional>
-#include <memory>
-#include <thread>
 
-#include "Client/TavClient.h"
-#include "Controller.h"
 #include "Lines/GenericLine.h"
 #include "Menus/MenuUnitTemperature.h"
 #include "Menus/MenuVoltageLevelStatus.h"
-#include "PanelTest.h"
-#include "Paths.h"
+#include "ScreenManager/MenuStyle.h"
 #include "ScreenManager/TableScreen.h"
 #include "TestScreens.h"
-#include "Zor/Zor.h"
+#include "TreeOnUnitd.h"
 
 namespace {
 
 const CRow kSettings[] = {
     Entry("Alias: ", "unitAlias", ".0", CharSet::Printable, 20),
     List("Syslog: ", "syslogTransmissionState", ".0", {"Enabled", "Disabled"}),
+    Entry("NTP: ", "datetimeNtpServer", ".0", CharSet::HostName, 15).ReadOnly(),
 };
 
 // The settings page, counting the change events that reach it.
@@ -38,47 +33,34 @@ public:
     std::atomic<int> m_iEvents{0};
 };
 
-class EventScreensEndToEndTest : public PanelTest::CPanelTest {
+class EventScreensEndToEndTest : public MenusTest::CTreeOnUnitd {
 protected:
+    EventScreensEndToEndTest() : CTreeOnUnitd(nullptr) {}
     void SetUp() override
     {
-        if (std::string(e2e::kUnitdPath).empty())
-            GTEST_SKIP() << "unitd is not built";
-        std::string error;
-        m_pUnitd.reset(new e2e::CUnitServer("full.json"));
-        ASSERT_TRUE(m_pUnitd->Start(&error)) << error;
-        m_pZor.reset(new Zor::CZorClient("zor.fp", m_pUnitd->Target()));
-        m_pClient.reset(new CTavClient(m_pZor.get()));
-        m_pManager.reset(new CTavScreenManager(nullptr, &Rig().Display(), m_pClient.get()));
-        m_pManager->AddScreen(new PanelTest::CTableScreen("Elsewhere", "No Screen", {}), "Elsewhere");
+        CTreeOnUnitd::SetUp();
+        if (IsSkipped())
+            return;
+        Build(true);
+    }
+    void Build(bool unitd)
+    {
+        if (unitd) {
+            ASSERT_NO_FATAL_FAILURE(Start("full.json", nullptr, false));
+        } else {
+            Client("full.json");
+        }
+        Add(new PanelTest::CTableScreen("Elsewhere", "No Screen", {}), "Elsewhere");
         m_pSettings = new CCountingSettings();
-        m_pManager->AddScreen(m_pSettings, "Unit Settings");
+        Add(m_pSettings, "Unit Settings");
     }
-    void TearDown() override
+    // A write as another manager would make it, on either link.
+    void Change(const std::string& name, const std::string& value)
     {
-        m_pManager.reset();  // screens first: they may still be subscribed
-        m_pClient.reset();
-        m_pZor.reset();
-    }
-
-    void Show(const std::string& name) { m_pManager->ShowScreenLocked(name); }
-    void Press(int key)
-    {
-        KeyPress_t press = {key, KEY_STATE_DOWN};
-        m_pManager->RouteKey(press);
-    }
-    // Waits until the panel shows the text; the panel as last seen otherwise.
-    ::testing::AssertionResult PanelShows(const std::string& text, int ms = 10000)
-    {
-        auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
-        std::string panel;
-        for (;;) {
-            panel = Panel();
-            if (panel.find(text) != std::string::npos)
-                return ::testing::AssertionSuccess();
-            if (std::chrono::steady_clock::now() > end)
-                return ::testing::AssertionFailure() << "no \"" << text << "\" on\n" << panel;
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        if (m_pUnitd) {
+            Set(name, ".0", value);
+        } else {
+            ASSERT_TRUE(Client()->SendData(name, ".0", value));
         }
     }
     std::string TitleRow()
@@ -86,61 +68,92 @@ protected:
         std::string panel = Panel();
         return panel.substr(0, panel.find('\n'));
     }
-    void SetLockMode(int mode)
-    {
-        ASSERT_TRUE(m_pUnitd->Set("frontpanelLockMode", ".0", mode, false).value("ok", false));
-    }
+    CGenericLine* Line(const char* name) { return m_pSettings->Table().Find(name, ".0"); }
 
-    std::unique_ptr<e2e::CUnitServer> m_pUnitd;
-    std::unique_ptr<Zor::CZorClient> m_pZor;
-    std::unique_ptr<CTavClient> m_pClient;
-    std::unique_ptr<CTavScreenManager> m_pManager;
     CCountingSettings* m_pSettings = nullptr;
 };
 
+// The same pages over both links to the controller.
+class EventScreensOnBothLinks : public EventScreensEndToEndTest, public ::testing::WithParamInterface<bool> {
+protected:
+    void SetUp() override
+    {
+        CTreeOnUnitd::SetUp();
+        if (!IsSkipped())
+            Build(GetParam());
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Links, EventScreensOnBothLinks, ::testing::Values(false, true),
+                         [](const ::testing::TestParamInfo<bool>& info) { return info.param ? "Unitd" : "Embedded"; });
+
 }  // namespace
 
-TEST_F(EventScreensEndToEndTest, LockModesOnASettingsPage)
+TEST_P(EventScreensOnBothLinks, LockModesOnASettingsPage)
 {
-    // Locked: the lock indicator, and ENTER does not start an edit.
-    SetLockMode(2);
+    Show("Unit Settings");
+    CGenericLine* pAlias = Line("unitAlias");
+    CGenericLine* pSyslog = Line("syslogTransmissionState");
+    CGenericLine* pNtp = Line("datetimeNtpServer");
+    ASSERT_TRUE(pAlias && pSyslog && pNtp);
+    m_pSettings->GetMenu()->SetLineHidden(pSyslog, true);
+
+    // Locked: the lock indicator, every line refuses edits (hidden ones too), ENTER starts none.
+    Show("Elsewhere");
+    Change("frontpanelLockMode", "2");
     Show("Unit Settings");
     Press(KEY_ENTER);
     EXPECT_PANEL("settings_locked_enter_ignored");
+    EXPECT_TRUE(pAlias->IsReadOnly() && pSyslog->IsReadOnly());
+    EXPECT_FALSE(pAlias->IsEnabled());
+    EXPECT_TRUE(m_pSettings->IsReadOnly());
+    // The same mode again changes no line.
+    pAlias->SetReadOnly(false);
+    m_pSettings->UpdateLockMode();
+    EXPECT_FALSE(pAlias->IsReadOnly());
+    pAlias->SetReadOnly(true);
 
     // Disabled: only the indicator changes; the lines stay as the lock left them.
     Show("Elsewhere");
-    SetLockMode(3);
+    Change("frontpanelLockMode", "3");
     Show("Unit Settings");
     Press(KEY_ENTER);
     EXPECT_EQ(TitleRow().find('#'), std::string::npos) << Panel();
     EXPECT_NE(TitleRow().find('!'), std::string::npos) << Panel();
     EXPECT_EQ(Panel().find('^'), std::string::npos) << Panel();
 
-    // Unlocked, then disabled again: the lines stay editable under the disabled indicator.
+    // Unlocked: editable again, but a row declared read-only stays so.
     Show("Elsewhere");
-    SetLockMode(1);
+    Change("frontpanelLockMode", "1");
     Show("Unit Settings");
+    EXPECT_TRUE(pAlias->IsEnabled() && !pAlias->IsReadOnly());
+    EXPECT_TRUE(pNtp->IsReadOnly());
+    EXPECT_FALSE(m_pSettings->GetMenu()->GetLockIndicator() || m_pSettings->GetMenu()->GetDisabledIndicator());
+    EXPECT_EQ(m_pSettings->GetLockMode(), 1);
+
+    // Disabled again: the lines stay editable under the disabled indicator.
     Show("Elsewhere");
-    SetLockMode(3);
+    Change("frontpanelLockMode", "3");
     Show("Unit Settings");
     Press(KEY_ENTER);
     EXPECT_PANEL("settings_disabled_editing");
     Press(KEY_EXIT);
-    EXPECT_TRUE(m_pUnitd->WritesOf("unitAlias").empty());
+    if (m_pUnitd) {
+        EXPECT_TRUE(m_pUnitd->WritesOf("unitAlias").empty());
+    }
 }
 
-TEST_F(EventScreensEndToEndTest, SettingsPageSubscribesOnlyWhileOnView)
+TEST_P(EventScreensOnBothLinks, SettingsPageSubscribesOnlyWhileOnView)
 {
     Show("Unit Settings");
     ASSERT_TRUE(PanelShows("Alias: Uplink IRD 3"));
-    ASSERT_TRUE(m_pUnitd->Set("unitAlias", ".0", "Seen", false).value("ok", false));
+    Change("unitAlias", "Seen");
     EXPECT_TRUE(PanelShows("Alias: Seen"));
     EXPECT_EQ(m_pSettings->m_iEvents.load(), 1);
 
     Show("Elsewhere");
-    ASSERT_TRUE(m_pUnitd->Set("unitAlias", ".0", "Unseen", false).value("ok", false));
-    ASSERT_TRUE(m_pUnitd->Set("syslogTransmissionState", ".0", "Disabled", false).value("ok", false));
+    Change("unitAlias", "Unseen");
+    Change("syslogTransmissionState", "Disabled");
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
     EXPECT_EQ(m_pSettings->m_iEvents.load(), 1);
 
@@ -148,31 +161,31 @@ TEST_F(EventScreensEndToEndTest, SettingsPageSubscribesOnlyWhileOnView)
     Show("Unit Settings");
     EXPECT_EQ(m_pSettings->CachedValue("unitAlias", ".0").ToString(""), "Unseen");
     EXPECT_TRUE(PanelShows("Syslog: Disabled"));
-    ASSERT_TRUE(m_pUnitd->Set("syslogTransmissionState", ".0", "Enabled", false).value("ok", false));
+    Change("syslogTransmissionState", "Enabled");
     EXPECT_TRUE(PanelShows("Syslog: Enabled"));
     EXPECT_EQ(m_pSettings->m_iEvents.load(), 2);
 }
 
 TEST_F(EventScreensEndToEndTest, ForcedValuesReachStatusPagesOnView)
 {
-    m_pManager->AddScreen(new CMenuVoltageLevelStatus(), "Voltage Levels");
-    m_pManager->AddScreen(new CMenuUnitTemperature(), "Unit Temperature");
+    Add(new CMenuVoltageLevelStatus(), "Voltage Levels");
+    Add(new CMenuUnitTemperature(), "Unit Temperature");
 
     Show("Voltage Levels");
     ASSERT_TRUE(PanelShows("12V: 12.06"));
-    ASSERT_TRUE(m_pUnitd->Set("sensor12V", ".0", 11.5).value("ok", false));
+    Force("sensor12V", ".0", 11.5);
     EXPECT_TRUE(PanelShows("12V: 11.50"));
     EXPECT_TRUE(PanelShows("5V: 5.02"));
 
     // Each sensor's event lands on its own row.
     Show("Unit Temperature");
     ASSERT_TRUE(PanelShows("Sensor 3: 52.00"));
-    ASSERT_TRUE(m_pUnitd->Set("tempReading", ".3", 61.5).value("ok", false));
+    Force("tempReading", ".3", 61.5);
     EXPECT_TRUE(PanelShows("Sensor 3: 61.50"));
     EXPECT_TRUE(PanelShows("Sensor 2: 47.25"));
 
     // A page off view draws nothing; it shows the value when it comes back.
-    ASSERT_TRUE(m_pUnitd->Set("sensor5V", ".0", 4.75).value("ok", false));
+    Force("sensor5V", ".0", 4.75);
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
     EXPECT_EQ(Panel().find("5V:"), std::string::npos) << Panel();
     Show("Voltage Levels");
@@ -193,9 +206,7 @@ TEST_F(EventScreensEndToEndTest, EnterWritesAnEditedTextOnceAndExitWritesNothing
     EXPECT_TRUE(PanelShows("Alias: Vplink IRD 3"));
 
     since = m_pUnitd->NextWrite();
-    Press(KEY_ENTER);
-    Press(KEY_UP);
-    Press(KEY_EXIT);
+    Press({KEY_ENTER, KEY_UP, KEY_EXIT});
     EXPECT_TRUE(m_pUnitd->WritesOf("unitAlias", since).empty());
     CGenericLine* pAlias = m_pSettings->Table().Find("unitAlias", ".0");
     ASSERT_NE(pAlias, nullptr);

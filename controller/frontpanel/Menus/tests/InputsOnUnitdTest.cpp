@@ -181,14 +181,14 @@ TEST_F(InputsOnUnitdTest, AOneCardUnitHasItsScreensInTheSlotItReports)
     Show("Input Settings");
     EXPECT_TRUE(PanelShows("MPEG/IP 2", false, 0));
     Show("MPEG/IP 1-1");
-    ASSERT_EQ(m_pManager->GetCurrentName(), "MPEG/IP 1-1");
+    ASSERT_EQ(Current(), "MPEG/IP 1-1");
     int since = m_pUnitd->NextWrite();
     Press({KEY_ENTER, KEY_UP, KEY_ENTER});
     EXPECT_EQ(Written("tsinputsrcState", since), Writes({".2.1=Disabled"}));
     Show("IGMP 1-1 Config");
     EXPECT_TRUE(PanelShows("IP: 10.50.1.10"));
     Show("DVB-S2 1");
-    EXPECT_EQ(m_pManager->GetCurrentName(), "IGMP 1-1 Config");  // no such card
+    EXPECT_EQ(Current(), "IGMP 1-1 Config");  // no such card
 }
 
 // Not a check: how long the heaviest input page (a satellite card's settings, about fifty

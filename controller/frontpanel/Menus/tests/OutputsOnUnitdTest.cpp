@@ -4,11 +4,6 @@
 // transmit card found in whatever slot the unit has it.
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <memory>
-#include <thread>
-
-#include "Client/TavClient.h"
 #include "TreeOnUnitd.h"
 #include "ScreenManager/ScreenNames.h"
 
@@ -66,11 +61,11 @@ TEST_F(OutputsOnUnitdTest, TheOutputSourceIsChosenByLabelAndWrittenAsItsRowNumbe
     // The status page follows the hardware while on view.
     Show(OutputsMpegIpStatus(1));
     ASSERT_TRUE(PanelShows("Source: Active Input"));
-    ASSERT_TRUE(m_pUnitd->Set("tsoutputsrcSource", ".4.1", 3).value("ok", false));
+    Force("tsoutputsrcSource", ".4.1", 3);
     EXPECT_TRUE(PanelShows("Source: Descramble & Process"));
     Down(12);
     ASSERT_TRUE(PanelShows("Unicast MAC Status: Found"));
-    ASSERT_TRUE(m_pUnitd->Set("mpegiptxUnicastReceiverNotFound", ".4.1", "Not Found").value("ok", false));
+    Force("mpegiptxUnicastReceiverNotFound", ".4.1", "Not Found");
     EXPECT_TRUE(PanelShows("Unicast MAC Status: Not Found"));
 }
 

@@ -3,53 +3,15 @@
 // panel sent.
 #include <gtest/gtest.h>
 
-#include <chrono>
-#include <thread>
-
-#include "RootScreensTestKit.h"
 #include "TreeOnUnitd.h"
-
-using RootScreens::Row;
 
 namespace {
 
-class RootScreensOnUnitdTest : public MenusTest::CTreeOnUnitd {
-protected:
-    RootScreensOnUnitdTest() : CTreeOnUnitd(nullptr) {}
-
-    // The tree on the unit, "Home" on view.
-    void Build(const char* unit)
-    {
-        Start(unit);
-        Show("Home");
-    }
-    using CTreeOnUnitd::Press;
-    void Press(int key) { CTreeOnUnitd::Press({key}); }
-    // Waits until row r reads the text (events arrive on their own thread).
-    ::testing::AssertionResult RowReads(int r, const std::string& text)
-    {
-        auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-        std::string panel;
-        for (;;) {
-            panel = Panel();
-            if (Row(panel, r) == text)
-                return ::testing::AssertionSuccess();
-            if (std::chrono::steady_clock::now() > end)
-                return ::testing::AssertionFailure() << "row " << r << " is not \"" << text << "\" on\n"
-                                                     << panel;
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
-        }
-    }
-    // What the panel wrote to one object.
-    std::vector<std::string> PanelWrites(const std::string& name)
-    {
-        return m_pUnitd->ValuesWrittenBy("zor.fp", name);
-    }
-};
+class RootScreensOnUnitdTest : public MenusTest::CTreeOnUnitd {};
 
 TEST_F(RootScreensOnUnitdTest, HomePageAndErrorsFollowTheUnit)
 {
-    ASSERT_NO_FATAL_FAILURE(Build("full.json"));
+    Show("Home");
     Force("selectedserviceServiceName", ".1.1", "A Service Name Of Exactly Forty Letters.");
     EXPECT_TRUE(RowReads(4, "Service: A Service Name Of Exa"));
     Force("selectedserviceServiceName", ".1.1", "");
@@ -68,16 +30,13 @@ TEST_F(RootScreensOnUnitdTest, HomePageAndErrorsFollowTheUnit)
 
 TEST_F(RootScreensOnUnitdTest, LockScreenWritesOnlyWhatTheUserConfirms)
 {
-    ASSERT_NO_FATAL_FAILURE(Build("full.json"));
     Show("Lock/Unlock Front Panel");
     // "None" writes nothing.
-    Press(KEY_ENTER);
-    Press(KEY_ENTER);
+    Press({KEY_ENTER, KEY_ENTER});
     EXPECT_TRUE(PanelWrites("frontpanelLockMode").empty());
 
     // "Lock Panel": one write, and the message stays up for its whole pause.
-    Press(KEY_ENTER);
-    Press(KEY_UP);
+    Press({KEY_ENTER, KEY_UP});
     const auto start = std::chrono::steady_clock::now();
     Press(KEY_ENTER);
     const auto took = std::chrono::steady_clock::now() - start;
@@ -85,9 +44,7 @@ TEST_F(RootScreensOnUnitdTest, LockScreenWritesOnlyWhatTheUserConfirms)
     EXPECT_EQ(PanelWrites("frontpanelLockMode"), std::vector<std::string>{"2"});
 
     // A wrong password writes nothing.
-    Press(KEY_ENTER);
-    Press(KEY_UP);
-    Press(KEY_ENTER);
+    Press({KEY_ENTER, KEY_UP, KEY_ENTER});
     EXPECT_EQ(PanelWrites("frontpanelLockMode"), std::vector<std::string>{"2"});
     EXPECT_TRUE(PanelWrites("frontpanelPassword").empty());
     EXPECT_NE(Panel().find("Unlock Panel"), std::string::npos) << Panel();

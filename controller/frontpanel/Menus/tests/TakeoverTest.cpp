@@ -2,17 +2,10 @@
 // a second client starts the update or the apply as another manager would, the panel shows
 // the progress and then the screen that was on view, exactly as it was.
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <unistd.h>
 
-#include <chrono>
-#include <fstream>
 #include <functional>
 #include <memory>
-#include <thread>
 
-#include "Client/TavClient.h"
-#include "Controller.h"
 #include "Lines/GenericStringLine.h"
 #include "Menus/ImageUpdateEvent.h"
 #include "Menus/MenuImageUpdate.h"
@@ -20,12 +13,10 @@
 #include "Menus/MenuProfiles.h"
 #include "Menus/ProfileApplyEvent.h"
 #include "Menus/ProfileStatus.h"
-#include "Paths.h"
-#include "RootScreensTestKit.h"
 #include "ScreenManager/MenuStyle.h"
-#include "Zor/Zor.h"
+#include "TreeOnUnitd.h"
 
-using RootScreens::Row;
+using PanelTest::Row;
 
 namespace {
 
@@ -39,35 +30,27 @@ private:
     std::function<void(Qb::uint32)> m_pause;
 };
 
-class TakeoverTest : public PanelTest::CPanelTest {
+class TakeoverTest : public MenusTest::CTreeOnUnitd {
 protected:
-    // full.json with some behaviours changed; noProfiles empties the profile list.
+    TakeoverTest() : CTreeOnUnitd(nullptr) {}
+
+    // full.json with some behaviours changed; noProfiles empties the profile list. The
+    // takeovers are wired as start-up wires them.
     void Build(const nlohmann::json& behaviours = nlohmann::json::object(), bool noProfiles = false)
     {
-        if (std::string(e2e::kUnitdPath).empty())
-            GTEST_SKIP() << "unitd is not built";
-        std::ifstream in(std::string(e2e::kUnitsDir) + "/full.json");
-        nlohmann::json unit = nlohmann::json::parse(in);
-        for (auto it = behaviours.begin(); it != behaviours.end(); ++it)
-            unit["behaviours"][it.key()] = it.value();
-        if (noProfiles)
-            unit["objects"]["profilelistName"]["values"] = nlohmann::json::object();
-        char dir[] = "/tmp/takeover-XXXXXX";
-        ASSERT_NE(mkdtemp(dir), nullptr);
-        m_strUnitFile = std::string(dir) + "/unit.json";
-        std::ofstream(m_strUnitFile) << unit.dump();
-        std::string error;
-        m_pUnitd.reset(new e2e::CUnitServer(m_strUnitFile));
-        ASSERT_TRUE(m_pUnitd->Start(&error)) << error;
-
-        m_pZor.reset(new Zor::CZorClient("zor.fp", m_pUnitd->Target()));
-        m_pClient.reset(new CTavClient(m_pZor.get()));
-        m_pManager.reset(new CTavScreenManager(nullptr, &Rig().Display(), m_pClient.get()));
-        // As start-up wires them.
-        m_pUpdate.reset(new CImageUpdateEvent(m_pManager.get()));
+        ASSERT_NO_FATAL_FAILURE(Start(
+            "full.json",
+            [&](nlohmann::json& unit) {
+                for (auto it = behaviours.begin(); it != behaviours.end(); ++it)
+                    unit["behaviours"][it.key()] = it.value();
+                if (noProfiles)
+                    unit["objects"]["profilelistName"]["values"] = nlohmann::json::object();
+            },
+            false));
+        m_pUpdate.reset(new CImageUpdateEvent(&Manager()));
         m_pUpdate->Setup(&Rig().Display(), nullptr, m_pClient.get());
         ASSERT_TRUE(m_pZor->AddManagedEventHandler("updateStart", m_pUpdate.get(), ".%").Success());
-        m_pApply.reset(new CProfileApplyEvent(m_pManager.get()));
+        m_pApply.reset(new CProfileApplyEvent(&Manager()));
         m_pApply->Setup(&Rig().Display(), nullptr, m_pClient.get(), &m_pClient->GetWakeUpTimer());
         ASSERT_TRUE(
             m_pZor->AddManagedEventHandler("profileApplyProfileState", m_pApply.get(), ".%").Success());
@@ -76,8 +59,8 @@ protected:
             m_pauses.push_back(ms);
             m_pausePanels.push_back(Panel());
         });
-        m_pManager->AddScreen(m_pProfiles, "Profile Config");
-        m_pManager->AddScreen(new CProfileStatus(), "Profile Status");
+        Add(m_pProfiles, "Profile Config");
+        Add(new CProfileStatus(), "Profile Status");
     }
     void TearDown() override
     {
@@ -89,70 +72,20 @@ protected:
             m_pUpdate->Stop();
         if (m_pApply)
             m_pApply->Stop();
-        m_pManager.reset();
+        UseClient(nullptr);
         m_pUpdate.reset();
         m_pApply.reset();
-        m_pClient.reset();
-        m_pZor.reset();
-        if (!m_strUnitFile.empty()) {
-            unlink(m_strUnitFile.c_str());
-            rmdir(m_strUnitFile.substr(0, m_strUnitFile.rfind('/')).c_str());
-        }
+        CTreeOnUnitd::TearDown();
     }
-    void Show(const std::string& name) { m_pManager->ShowScreenLocked(name); }
-    void Press(int key)
-    {
-        KeyPress_t press = {key, KEY_STATE_DOWN};
-        m_pManager->RouteKey(press);
-    }
-    void Write(const std::string& name, const nlohmann::json& value)
-    {
-        ASSERT_TRUE(m_pUnitd->Set(name, ".0", value, false).value("ok", false)) << name;
-    }
-    std::string Current() { return m_pManager->GetCurrentName(); }
-    // Waits until the panel shows what `check` wants (events and the poll run on their own
-    // threads).
-    ::testing::AssertionResult PanelBecomes(const std::function<bool(const std::string&)>& check,
-                                            const std::string& what)
-    {
-        auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        std::string panel;
-        for (;;) {
-            panel = Panel();
-            if (check(panel))
-                return ::testing::AssertionSuccess();
-            if (std::chrono::steady_clock::now() > end)
-                return ::testing::AssertionFailure() << "never " << what << "; the panel is\n" << panel;
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        }
-    }
-    ::testing::AssertionResult RowReads(int r, const std::string& text)
-    {
-        return PanelBecomes([&](const std::string& p) { return Row(p, r) == text; },
-                            "row " + std::to_string(r) + " \"" + text + "\"");
-    }
-    ::testing::AssertionResult PanelIs(const std::string& panel)
-    {
-        return PanelBecomes([&](const std::string& p) { return p == panel; }, "the expected panel");
-    }
-    std::vector<std::string> PanelWrites(const std::string& name)
-    {
-        return m_pUnitd->ValuesWrittenBy("zor.fp", name);
-    }
+    void Write(const std::string& name, const nlohmann::json& value) { Set(name, ".0", value); }
     // Chooses the profile on list row `row` (1 = the first profile).
     void Choose(int row)
     {
         Show("Profile Config");
-        for (int i = 0; i < row; ++i)
-            Press(KEY_DOWN);
+        Press(KEY_DOWN, row);
         Press(KEY_ENTER);
     }
 
-    std::unique_ptr<e2e::CUnitServer> m_pUnitd;
-    std::string m_strUnitFile;
-    std::unique_ptr<Zor::CZorClient> m_pZor;
-    std::unique_ptr<CTavClient> m_pClient;
-    std::unique_ptr<CTavScreenManager> m_pManager;
     std::unique_ptr<CImageUpdateEvent> m_pUpdate;
     std::unique_ptr<CProfileApplyEvent> m_pApply;
     CProfilesUnderTest* m_pProfiles = nullptr;  // owned by the manager
@@ -176,8 +109,7 @@ TEST_F(TakeoverTest, UpdateShowsItsStagesAndGivesTheScreenBackUntouchedByKeys)
     EXPECT_TRUE(RowReads(2, "         Updating: 40%"));
     // Keys wait for the panel: none of them may draw over the update or its outcome.
     std::thread keys([this]() {
-        Press(KEY_LEFT);
-        Press(KEY_RIGHT);
+        Press({KEY_LEFT, KEY_RIGHT});
     });
     EXPECT_TRUE(RowReads(2, "         Verifying: 50%"));
     EXPECT_TRUE(RowReads(2, "       Update Successful"));
@@ -216,7 +148,6 @@ TEST_F(TakeoverTest, ApplyShowsEveryStateAndEndsOnlyWithTheOutcome)
     Build({{"profileApplyStepMs", 400}});
     Choose(3);  // "Sports Feed"
     const std::string before = Panel();
-    EXPECT_PANEL("profile_actions");
     Press(KEY_ENTER);
     EXPECT_EQ(PanelWrites("profileApplyProfile"), std::vector<std::string>{"Sports Feed"});
     EXPECT_TRUE(RowReads(2, "Validating Profile..."));
@@ -225,8 +156,7 @@ TEST_F(TakeoverTest, ApplyShowsEveryStateAndEndsOnlyWithTheOutcome)
     EXPECT_TRUE(RowReads(2, "Applying Profile..."));
     EXPECT_PANEL("profile_apply_applying");
     // A key reaching the screen underneath shows at most until the next poll.
-    Press(KEY_DOWN);
-    Press(KEY_UP);
+    Press({KEY_DOWN, KEY_UP});
     EXPECT_TRUE(RowReads(2, "Applying Profile Succeeded"));
     EXPECT_TRUE(PanelIs(before));
     Show("Profile Status");
@@ -247,9 +177,7 @@ TEST_F(TakeoverTest, ProfilesAreCreatedRenamedAndDeleted)
     EXPECT_EQ(Current(), "Profile Config");
 
     // An empty name asks for one and sends nothing.
-    Press(KEY_UP);
-    Press(KEY_ENTER);
-    Press(KEY_ENTER);
+    Press({KEY_UP, KEY_ENTER, KEY_ENTER});
     ASSERT_EQ(m_pauses, std::vector<Qb::uint32>{1500});
     EXPECT_EQ(Row(m_pausePanels[0], 1), "        Please specify");
     EXPECT_EQ(Row(m_pausePanels[0], 2), "        a profile name");
@@ -260,26 +188,18 @@ TEST_F(TakeoverTest, ProfilesAreCreatedRenamedAndDeleted)
     auto* pCreate = dynamic_cast<CGenericStringLine*>(m_pProfiles->Select().Style().GetLines().GetLine(0));
     ASSERT_NE(pCreate, nullptr);
     pCreate->SetValue("A");
-    Press(KEY_ENTER);
-    Press(KEY_ENTER);
+    Press({KEY_ENTER, KEY_ENTER});
     EXPECT_EQ(PanelWrites("profileCreateProfile"), std::vector<std::string>{"A"});
     EXPECT_EQ(Row(m_pausePanels.back(), 2), "     Creating Profile...");
     EXPECT_PANEL("profiles_one");
 
     // Renaming "A" to "B" (UP steps A to B) sends "A,B" and retitles the actions.
-    Press(KEY_DOWN);
-    Press(KEY_ENTER);
-    Press(KEY_DOWN);
-    Press(KEY_ENTER);
-    Press(KEY_UP);
-    Press(KEY_ENTER);
+    Press({KEY_DOWN, KEY_ENTER, KEY_DOWN, KEY_ENTER, KEY_UP, KEY_ENTER});
     EXPECT_EQ(PanelWrites("profileRenameProfile"), std::vector<std::string>{"A,B"});
     EXPECT_PANEL("profile_actions_renamed");
 
     // Deleted: back on the list, without the name.
-    Press(KEY_DOWN);
-    Press(KEY_DOWN);
-    Press(KEY_ENTER);
+    Press({KEY_DOWN, KEY_DOWN, KEY_ENTER});
     EXPECT_EQ(PanelWrites("profileDeleteProfile"), std::vector<std::string>{"B"});
     EXPECT_EQ(Panel(), none);
     // EXIT from the list leaves for the parent.

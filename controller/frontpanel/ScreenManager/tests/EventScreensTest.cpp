@@ -1,5 +1,6 @@
-// The event-driven screen bases on an embedded unit: lock modes, a navigation menu read
-// once, status values filed from events, and polling on the wake-up timer.
+// The event-driven screen bases on an embedded unit: a navigation menu read once, status
+// values filed from events, and polling on the wake-up timer. Lock modes and settings pages
+// are tested over both links with the menus.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -18,23 +19,6 @@
 #include "TestScreens.h"
 
 namespace {
-
-bool WaitFor(const std::function<bool()>& done, int ms = 5000)
-{
-    auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);
-    while (!done()) {
-        if (std::chrono::steady_clock::now() > end)
-            return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    }
-    return true;
-}
-
-const CRow kSettings[] = {
-    Entry("Alias: ", "unitAlias", ".0", CharSet::Printable, 20),
-    List("Syslog: ", "syslogTransmissionState", ".0", {"Enabled", "Disabled"}),
-    Entry("NTP: ", "datetimeNtpServer", ".0", CharSet::HostName, 15).ReadOnly(),
-};
 
 class CNavMenu : public CTavNavMenuScreen {
 public:
@@ -96,56 +80,9 @@ protected:
         Client();
         Add(new PanelTest::CTableScreen("Elsewhere", "No Screen", {}), "Elsewhere");
     }
-    void SetLockMode(int mode)
-    {
-        ASSERT_TRUE(Client()->SendData("frontpanelLockMode", ".0", std::to_string(mode)));
-    }
 };
 
 }  // namespace
-
-TEST_F(EventScreensTest, LockModesOnASettingsPage)
-{
-    CConfigTableScreen* pScreen = new CConfigTableScreen("Settings", "Elsewhere", kSettings);
-    Add(pScreen, "Settings");
-    CMenuStyle& style = *pScreen->GetMenu();
-
-    Show("Settings");
-    CGenericLine* pAlias = pScreen->Table().Find("unitAlias", ".0");
-    CGenericLine* pSyslog = pScreen->Table().Find("syslogTransmissionState", ".0");
-    CGenericLine* pNtp = pScreen->Table().Find("datetimeNtpServer", ".0");
-    ASSERT_NE(pAlias, nullptr);
-    ASSERT_NE(pSyslog, nullptr);
-    ASSERT_NE(pNtp, nullptr);
-    style.SetLineHidden(pSyslog, true);
-
-    // Locked: every line, hidden ones too, refuses edits.
-    Show("Elsewhere");
-    SetLockMode(2);
-    Show("Settings");
-    EXPECT_TRUE(pAlias->IsReadOnly());
-    EXPECT_FALSE(pAlias->IsEnabled());
-    EXPECT_TRUE(pSyslog->IsReadOnly());
-    EXPECT_TRUE(style.GetLockIndicator());
-    EXPECT_TRUE(pScreen->IsReadOnly());
-
-    // The same mode again changes no line.
-    pAlias->SetReadOnly(false);
-    pScreen->UpdateLockMode();
-    EXPECT_FALSE(pAlias->IsReadOnly());
-    pAlias->SetReadOnly(true);
-
-    // Unlocked: editable again, but a row declared read-only stays so.
-    Show("Elsewhere");
-    SetLockMode(1);
-    Show("Settings");
-    EXPECT_FALSE(pAlias->IsReadOnly());
-    EXPECT_TRUE(pAlias->IsEnabled());
-    EXPECT_TRUE(pNtp->IsReadOnly());
-    EXPECT_FALSE(style.GetLockIndicator());
-    EXPECT_FALSE(style.GetDisabledIndicator());
-    EXPECT_EQ(pScreen->GetLockMode(), 1);
-}
 
 TEST_F(EventScreensTest, NavigationMenuReadsItsValuesOnce)
 {
@@ -170,7 +107,7 @@ TEST_F(EventScreensTest, StatusPageFilesEventsWhileOnView)
     EXPECT_NE(Panel().find("Alias: Uplink IRD 3"), std::string::npos) << Panel();
 
     ASSERT_TRUE(Client()->SendData("unitAlias", ".0", "Second"));
-    EXPECT_TRUE(WaitFor([&]() { return Panel().find("Alias: Second") != std::string::npos; })) << Panel();
+    EXPECT_TRUE(PanelTest::WaitUntil([&]() { return Panel().find("Alias: Second") != std::string::npos; })) << Panel();
     EXPECT_EQ(pStatus->GetUpdateCount(), 1);
 
     // Entry reads afresh.
@@ -185,7 +122,7 @@ TEST_F(EventScreensTest, PollingRunsOnlyWhileOnView)
     CTicker* pTicker = new CTicker();
     Add(pTicker, "Ticker");
     Show("Ticker");
-    ASSERT_TRUE(WaitFor([&]() { return pTicker->m_iTicks.load() >= 3; }));
+    ASSERT_TRUE(PanelTest::WaitUntil([&]() { return pTicker->m_iTicks.load() >= 3; }));
     EXPECT_NE(Panel().find("Tick"), std::string::npos);
 
     Show("Elsewhere");

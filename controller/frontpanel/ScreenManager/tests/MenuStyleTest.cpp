@@ -11,12 +11,9 @@ using PanelTest::CTableScreen;
 using PanelTest::CTextLine;
 using PanelTest::Row_t;
 
-namespace {
+using PanelTest::Key;
 
-KeyPress_t Key(int code)
-{
-    return KeyPress_t{code, KEY_STATE_DOWN};
-}
+namespace {
 
 // Records every key it is given.
 class CRecordingLine : public CTextLine {

@@ -12,6 +12,8 @@ using PanelTest::CTextLine;
 using PanelTest::MenuRows;
 using PanelTest::Row_t;
 
+using PanelTest::Key;
+
 namespace {
 
 class ScreenManagerTest : public PanelTest::CPanelTest {
@@ -44,11 +46,6 @@ protected:
     CTableScreen* m_pInputs = nullptr;
 };
 
-KeyPress_t Key(int code, int state = KEY_STATE_DOWN)
-{
-    return KeyPress_t{code, state};
-}
-
 }  // namespace
 
 TEST_F(ScreenManagerTest, TreeNavigationEndToEnd)
@@ -59,14 +56,11 @@ TEST_F(ScreenManagerTest, TreeNavigationEndToEnd)
 
     Press(KEY_UP);
     EXPECT_PANEL("tree_main_menu_up_selects_last");
-    Press(KEY_DOWN);
-    Press(KEY_ENTER);
+    Press({KEY_DOWN, KEY_ENTER});
     EXPECT_EQ("Inputs", Current());
     EXPECT_PANEL("tree_inputs");
 
-    Press(KEY_DOWN);
-    Press(KEY_ENTER);
-    Press(KEY_UP);
+    Press({KEY_DOWN, KEY_ENTER, KEY_UP});
     EXPECT_PANEL("tree_inputs_marker_editing");
     Press(KEY_ENTER);
 
@@ -86,9 +80,7 @@ TEST_F(ScreenManagerTest, UnknownAndPlaceholderNamesKeepTheScreenOnView)
     EXPECT_EQ("Main Menu", Current());
 
     // "Alarms" is named by a line but was never added.
-    Press(KEY_DOWN);
-    Press(KEY_DOWN);
-    Press(KEY_ENTER);
+    Press({KEY_DOWN, KEY_DOWN, KEY_ENTER});
     EXPECT_EQ("Main Menu", Current());
 
     // A lookup leaves a null entry behind; adding the screen later still works.
