@@ -8,7 +8,7 @@ packages=(
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   liblog4cpp5-dev nlohmann-json3-dev libncurses-dev
   util-linux procps python3
-  socat
+  socat systemd
 )
 # Extra groups: "cross" for the 32-bit ARM build, "fuzz" for the fuzzers.
 for group in "$@"; do
