@@ -6,8 +6,8 @@
 # DIR holds frontpanel_*_ARCH.deb and frontpanel-lab_*_ARCH.deb. Each package must hold
 # exactly the files listed below (the README's "what lands where"), its programs and
 # libraries must be executables of ARCH, and the daemon's log configuration a conffile.
-# --install (as root, host architecture only) also installs both into a throw-away root
-# with dpkg --root, checks that the unit got enabled there and that systemd accepts it
+# --install (host architecture only) also installs both into a throw-away root with dpkg
+# --root (not as root: in a user namespace where the caller is root), checks that the unit got enabled there and that systemd accepts it
 # (systemd-analyze verify), removes them and checks that only the log configuration stays,
 # then purges them and checks that nothing stays.
 set -euo pipefail
@@ -15,6 +15,11 @@ install=0
 if [[ "${1:-}" == "--install" ]]; then
   install=1
   shift
+  if [[ $(id -u) -ne 0 ]]; then
+    unshare --user --map-root-user true 2>/dev/null ||
+      { echo "check-packages.sh: --install needs root or unprivileged user namespaces" >&2; exit 77; }
+    exec unshare --user --map-root-user "$0" --install "$@"
+  fi
 fi
 dir=${1:?usage: check-packages.sh [--install] DIR ARCH}
 arch=${2:?usage: check-packages.sh [--install] DIR ARCH}
@@ -74,7 +79,6 @@ dpkg-deb --ctrl-tarfile "$daemon_deb" | tar -xOf - ./conffiles 2>/dev/null | gre
   fail "$conffile is not a conffile of the daemon package"
 
 if [[ $install -eq 1 ]]; then
-  [[ $(id -u) -eq 0 ]] || { echo "check-packages.sh: --install needs root (dpkg --root)" >&2; exit 1; }
   root="$tmp/root"
   mkdir -p "$root/var/lib/dpkg/info" "$root/var/lib/dpkg/updates"
   touch "$root/var/lib/dpkg/status"
