@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Builds the Debian packages `frontpanel` and `frontpanel-lab` for amd64 and armhf from
 # Release builds in their own folders (build-pkg-amd64/, build-pkg-armhf/), checks them
-# (scripts/check-packages.sh; as root the amd64 ones are also installed into a throw-away
-# root and removed again) and copies them to dist/. Idempotent, callable from any folder.
+# (scripts/check-packages.sh; the amd64 ones are also installed into a throw-away root,
+# removed and purged) and copies them to dist/. Idempotent, callable from any folder.
 #
 #   scripts/package.sh                 both architectures
 #   scripts/package.sh amd64|armhf     one of them
@@ -39,7 +39,7 @@ for arch in "${arches[@]}"; do
   rm -rf "$build/packages"
   cpack --config "$build/CPackConfig.cmake" -B "$build/packages" >/dev/null
   check=()
-  [[ "$arch" == amd64 && $(id -u) -eq 0 ]] && check=(--install)
+  [[ "$arch" == amd64 ]] && check=(--install)
   "$root/scripts/check-packages.sh" "${check[@]}" "$build/packages" "$arch"
   cp "$build"/packages/*.deb "$dist/"
 done
