@@ -6,10 +6,11 @@
 # DIR holds frontpanel_*_ARCH.deb and frontpanel-lab_*_ARCH.deb. Each package must hold
 # exactly the files listed below (the README's "what lands where"), its programs and
 # libraries must be executables of ARCH, and the daemon's log configuration a conffile.
-# --install (host architecture only) also installs both into a throw-away root with dpkg
-# --root (not as root: in a user namespace where the caller is root), checks that the unit got enabled there and that systemd accepts it
-# (systemd-analyze verify), removes them and checks that only the log configuration stays,
-# then purges them and checks that nothing stays.
+# --install (host architecture only) also installs both into a throw-away root with
+# dpkg --root (not as root: in a user namespace where the caller is root), checks that the
+# unit got enabled there and that systemd accepts it (systemd-analyze verify), removes them
+# and checks that only the log configuration stays, then purges them and checks that
+# nothing stays. Exit status 77: --install impossible here.
 set -euo pipefail
 install=0
 if [[ "${1:-}" == "--install" ]]; then
