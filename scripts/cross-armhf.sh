@@ -1,8 +1,11 @@
 #!/usr/bin/env bash
 # 32-bit ARM cross build: builds the tree for arm-linux-gnueabihf in build-armhf and runs
 # the platform library tests under qemu-arm. Idempotent and callable from any directory.
-#   scripts/cross-armhf.sh          whole tree, then the Qb tests
-#   scripts/cross-armhf.sh --qb     only the Qb library and its tests
+#   scripts/cross-armhf.sh            whole tree, then the Qb tests
+#   scripts/cross-armhf.sh --qb       only the Qb library and its tests
+#   scripts/cross-armhf.sh --package  whole tree and the Qb tests, then the armhf Debian
+#                                     packages of this build, checked (build-armhf/packages)
+#   scripts/cross-armhf.sh --sysroot  only the sysroot (for other armhf builds)
 # Further arguments go to ctest.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -10,10 +13,13 @@ sysroot="$root/sysroot-armhf"
 build="$root/build-armhf"
 
 targets=()
-if [[ "${1:-}" == "--qb" ]]; then
-  targets=(--target qbtools qbtools_test)
-  shift
-fi
+package=0
+sysroot_only=0
+case "${1:-}" in
+  --qb) targets=(--target qbtools qbtools_test); shift ;;
+  --package) package=1; shift ;;
+  --sysroot) sysroot_only=1; shift ;;
+esac
 
 "$root/scripts/deps.sh" cross
 
@@ -62,6 +68,7 @@ if [[ ! -f "$sysroot/.packages" || "$(cat "$sysroot/.packages")" != "$wanted" ]]
   rm -rf "$sysroot/.debs"
   echo "$wanted" >"$sysroot/.packages"
 fi
+[[ $sysroot_only -eq 1 ]] && exit 0
 
 jobs=$(nproc)
 cmake -S "$root" -B "$build" -DCMAKE_TOOLCHAIN_FILE="$root/cmake/armhf-toolchain.cmake" \
@@ -69,3 +76,9 @@ cmake -S "$root" -B "$build" -DCMAKE_TOOLCHAIN_FILE="$root/cmake/armhf-toolchain
 cmake --build "$build" -j"$jobs" "${targets[@]}"
 
 ctest --test-dir "$build" --output-on-failure -j"$jobs" -L unit -R '^Qb' "$@"
+
+if [[ $package -eq 1 ]]; then
+  rm -rf "$build/packages"
+  cpack --config "$build/CPackConfig.cmake" -B "$build/packages" >/dev/null
+  "$root/scripts/check-packages.sh" "$build/packages" armhf
+fi

@@ -8,6 +8,7 @@ packages=(
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   liblog4cpp5-dev nlohmann-json3-dev libncurses-dev libcpp-httplib-dev
   util-linux procps python3 gcovr
+  socat systemd
 )
 # Extra groups: "cross" for the 32-bit ARM build, "fuzz" for the fuzzers, "browser" for the
 # web panel's test in a headless browser.

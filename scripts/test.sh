@@ -49,8 +49,9 @@ fi
 # The walk of the whole tree tells a screen change from a settled panel by a quiet period,
 # which a sanitizer's slowdown stretches past; it checks the tree, not the threads, and runs
 # in the plain build. The monkey soak drives the sanitizer builds through the same screens.
+# The package check runs nothing of ours: the plain build does it.
 exclude=()
 if [[ -n "$sanitize" ]]; then
-  exclude=(-E TreeWalk)
+  exclude=(-E 'TreeWalk|Packages')
 fi
 "${run[@]}" ctest --test-dir "$build" --output-on-failure -j"$jobs" "${exclude[@]}" "$@"

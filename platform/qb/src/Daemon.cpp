@@ -73,15 +73,32 @@ std::string Absolute(const std::string& path)
     return std::string(cwd) + "/" + path;
 }
 
-void Detach()
+// Forks; the parent stays until the child reports through the returned pipe (ReportReady)
+// that the pid file names it, so whoever started the daemon (a service manager that reads
+// the pid file as soon as the launcher exits) never finds the file missing or stale. The
+// parent exits 0 on the report, 1 when the child died first. Returns the child's end.
+int Detach()
 {
+    int ready[2];
+    if (pipe2(ready, O_CLOEXEC) != 0) {
+        std::fprintf(stderr, "%s: cannot detach: %s\n", program_invocation_short_name, std::strerror(errno));
+        std::exit(1);
+    }
     const pid_t pid = fork();
     if (pid < 0) {
         std::fprintf(stderr, "%s: cannot detach: %s\n", program_invocation_short_name, std::strerror(errno));
         std::exit(1);
     }
-    if (pid > 0)
-        _exit(0);  // the parent returns to the shell; the child carries on
+    if (pid > 0) {
+        ::close(ready[1]);
+        char byte = 0;
+        ssize_t n;
+        do {
+            n = ::read(ready[0], &byte, 1);
+        } while (n < 0 && errno == EINTR);
+        _exit(n == 1 ? 0 : 1);  // the parent returns to the shell; the child carries on
+    }
+    ::close(ready[0]);
     setsid();
     if (chdir("/") != 0) {
         // Not fatal: the daemon only uses absolute paths.
@@ -95,6 +112,18 @@ void Detach()
         if (null > STDERR_FILENO)
             ::close(null);
     }
+    return ready[1];
+}
+
+void ReportReady(int fd)
+{
+    if (fd < 0)
+        return;
+    const char byte = 1;
+    if (::write(fd, &byte, 1) != 1) {
+        // The parent is gone already; nobody is waiting for the report.
+    }
+    ::close(fd);
 }
 
 }  // namespace
@@ -122,8 +151,7 @@ CDaemon::CDaemon(bool runAsDaemon, const std::string& pidPath) : m_strPidPath(Ab
         std::exit(1);
     }
 
-    if (runAsDaemon)
-        Detach();
+    const int ready = runAsDaemon ? Detach() : -1;
 
     // Whoever reads the pid file may signal at once: the handler must be in place first.
     struct sigaction sa;
@@ -137,6 +165,7 @@ CDaemon::CDaemon(bool runAsDaemon, const std::string& pidPath) : m_strPidPath(Ab
     const int len = std::snprintf(text, sizeof text, "%ld\n", static_cast<long>(getpid()));
     if (ftruncate(m_iPidFd, 0) != 0 || ::pwrite(m_iPidFd, text, static_cast<size_t>(len), 0) != len)
         Fail("cannot write the pid file", m_strPidPath, errno);
+    ReportReady(ready);
 }
 
 CDaemon::~CDaemon()

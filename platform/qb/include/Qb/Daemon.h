@@ -9,7 +9,8 @@ namespace Qb {
 
 class CDaemon : private CUncopyable {
 public:
-    // Detaches from the terminal when runAsDaemon is set, then takes the pid file: a pid file
+    // Detaches from the terminal when runAsDaemon is set (the launching process exits once the
+    // pid file names the detached one), and takes the pid file: a pid file
     // locked by a live process means a second instance, which prints a clear message to
     // stderr and exits with status 1 (as does a pid file that cannot be created or locked).
     // The lock is flock() on the pid file, so a stale file of a dead process is taken over.
