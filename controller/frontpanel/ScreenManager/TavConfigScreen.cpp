@@ -20,7 +20,7 @@ void CTavConfigScreen::Enter()
     }
     SubscribeAll();
     AfterLoad();
-    UpdateLockMode();
+    UpdateLockModeAsLoaded();
     m_pMenu->Redraw(2);
 }
 

@@ -25,7 +25,8 @@ CTavEventScreen::CTavEventScreen(const std::string& style)
       m_iLockMode(0),
       m_bLoaded(false),
       m_request(Zor::PT_LIST),
-      m_values(Zor::PT_MAP)
+      m_values(Zor::PT_MAP),
+      m_iLoadedLockMode(-1)
 {
     // The lock-mode request lives in the screen's value slot.
     m_value.Clear(Zor::PT_LIST);
@@ -39,7 +40,18 @@ bool CTavEventScreen::UpdateLockMode()
     if (m_pClient == nullptr)
         return m_bReadOnly;
     Zor::CRet ret = m_pClient->GetValues(kZorClientName, m_value);
-    Qb::int32 mode = ret.Val()[kLockModeName][kLockModeInstance].ToInt32(0);
+    return ApplyLockModeValue(ret.Val()[kLockModeName][kLockModeInstance].ToInt32(0));
+}
+
+bool CTavEventScreen::UpdateLockModeAsLoaded()
+{
+    const Qb::int32 mode = m_iLoadedLockMode;
+    m_iLoadedLockMode = -1;
+    return mode < 0 ? UpdateLockMode() : ApplyLockModeValue(mode);
+}
+
+bool CTavEventScreen::ApplyLockModeValue(Qb::int32 mode)
+{
     if (mode == m_iLockMode)
         return m_bReadOnly;
     m_iLockMode = mode;
@@ -116,15 +128,38 @@ void CTavEventScreen::AddRequest(const std::string& key)
 
 bool CTavEventScreen::LoadValues()
 {
+    m_iLoadedLockMode = -1;
     if (m_pClient == nullptr || m_request.Length() == 0)
         return false;
-    Zor::CRet ret = m_pClient->GetValues(kZorClientName, m_request);
+    // The lock mode rides on the same request: every entry needs it, and each round trip to
+    // the controller on the key path is a wait on another process's scheduling.
+    const std::string lockModeObject = std::string(kLockModeName) + ".";
+    bool lockModeAsked = false;
+    for (int i = 0; i < m_request.Length(); ++i)
+        lockModeAsked =
+            lockModeAsked || m_request[i].ToString("").compare(0, lockModeObject.size(), lockModeObject) == 0;
+    Zor::CParam request = m_request;
+    if (!lockModeAsked)
+        request.AddParam(Zor::CParam::String(lockModeObject + (kLockModeInstance + 1)));
+    Zor::CRet ret = m_pClient->GetValues(kZorClientName, request);
     if (!ret.Success() || !ret.Val().IsMap()) {
         log4cpp::Category::getInstance("tav.frontpanel")
             .error("%s: reading the screen's values failed: %s", m_strName.c_str(), ret.Msg().c_str());
         return false;
     }
-    m_values = ret.Val();
+    const Zor::CParam& values = ret.Val();
+    m_iLoadedLockMode = values[kLockModeName][kLockModeInstance].ToInt32(0);
+    if (lockModeAsked) {
+        m_values = values;
+        return true;
+    }
+    // Not the screen's own value: kept out of its cache, which is what it subscribes to.
+    m_values.Clear(Zor::PT_MAP);
+    for (int n = 0; n < values.Length(); ++n) {
+        const std::string name = values.GetKey(n);
+        if (name != kLockModeName)
+            m_values[name] = values[name];
+    }
     return true;
 }
 

@@ -46,8 +46,13 @@ protected:
     void AddRequest(const std::string& key);
     void AddRequest(const std::string& name, const std::string& instance) { AddRequest(name + instance); }
     // One multi-get of the request list into the values cache. On failure the cache keeps
-    // its earlier values and the failure is logged.
+    // its earlier values and the failure is logged. The lock mode comes with it, for
+    // UpdateLockModeAsLoaded.
     bool LoadValues();
+    // UpdateLockMode with the lock mode that LoadValues has just read, right after it on
+    // entry: one controller round trip fewer before the first draw. Reads it when the load
+    // did not bring it.
+    bool UpdateLockModeAsLoaded();
     // Subscribes to every instance of every object in the cache, and ends exactly those
     // subscriptions again.
     void SubscribeValues();
@@ -63,5 +68,8 @@ protected:
     Zor::CParam m_values;   // name -> instance text -> value
 
 private:
+    bool ApplyLockModeValue(Qb::int32 mode);
+
     std::vector<std::pair<std::string, std::string>> m_subscribed;
+    Qb::int32 m_iLoadedLockMode;  // read by the last LoadValues, -1 when none or used
 };

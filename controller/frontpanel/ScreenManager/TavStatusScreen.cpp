@@ -22,7 +22,7 @@ void CTavStatusScreen::Enter()
     LoadValues();
     SubscribeAll();
     AfterLoad();
-    UpdateLockMode();
+    UpdateLockModeAsLoaded();
     m_iUpdates = 0;
     UpdateLines(2);
 }

@@ -3,20 +3,8 @@
 // key press, clipped counters, and cards found in the slots the unit reports.
 #include <gtest/gtest.h>
 
-#include <poll.h>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <atomic>
-#include <chrono>
-#include <cstring>
-#include <memory>
 #include <thread>
 
-#include "Client/TavClient.h"
-#include "Display/DisplayHw.h"
 #include "TreeOnUnitd.h"
 
 namespace {
@@ -189,69 +177,4 @@ TEST_F(InputsOnUnitdTest, AOneCardUnitHasItsScreensInTheSlotItReports)
     EXPECT_TRUE(PanelShows("IP: 10.50.1.10"));
     Show("DVB-S2 1");
     EXPECT_EQ(Current(), "IGMP 1-1 Config");  // no such card
-}
-
-// Not a check: how long the heaviest input page (a satellite card's settings, about fifty
-// objects over four RF ports) takes from ENTER on its menu entry to the first byte sent to
-// the panel. Run on a Release build with --gtest_also_run_disabled_tests.
-TEST_F(InputsOnUnitdTest, DISABLED_EnteringTheSatelliteSettingsTakes)
-{
-    Start("full.json");
-    using Clock = std::chrono::steady_clock;
-    const std::string path = "/tmp/fp-inputs-bench-" + std::to_string(getpid()) + ".sock";
-    int listener = socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    std::strncpy(address.sun_path, path.c_str(), sizeof(address.sun_path) - 1);
-    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof(address)), 0);
-    ASSERT_EQ(listen(listener, 1), 0);
-    Qb::CStreamSocket socket(Qb::CLocalSocketAddress(path.c_str()));
-    const int panel = accept(listener, nullptr, nullptr);
-    ASSERT_GE(panel, 0);
-
-    std::atomic<bool> armed(false), stop(false);
-    std::atomic<long long> first(0);
-    std::thread reader([&]() {
-        char buf[4096];
-        while (!stop) {
-            pollfd p = {panel, POLLIN, 0};
-            if (poll(&p, 1, 20) <= 0 || read(panel, buf, sizeof(buf)) <= 0)
-                continue;
-            if (armed && first == 0)
-                first = Clock::now().time_since_epoch().count();
-        }
-    });
-    std::vector<double> ms;
-    {
-        CDisplayHw display(socket);
-        CTavScreenManager manager(nullptr, &display, m_pClient.get());
-        CTavScreenCreator creator;
-        creator.CreateScreens(&manager, m_pClient.get());
-        manager.ShowScreenLocked("Input Settings");
-        for (int i = 0; i < 100; ++i) {
-            for (int down = 0; down < 11; ++down)  // to "DVB-S2 1"
-                manager.RouteKey(KeyPress_t{KEY_DOWN, KEY_STATE_DOWN});
-            std::this_thread::sleep_for(std::chrono::milliseconds(30));  // the last redraw drained
-            first = 0;
-            armed = true;
-            const long long start = Clock::now().time_since_epoch().count();
-            manager.RouteKey(KeyPress_t{KEY_ENTER, KEY_STATE_DOWN});
-            while (first == 0)
-                std::this_thread::sleep_for(std::chrono::microseconds(50));
-            armed = false;
-            if (manager.GetCurrentName() != "DVB-S2 1")
-                break;
-            ms.push_back(std::chrono::duration<double, std::milli>(Clock::duration(first - start)).count());
-            manager.RouteKey(KeyPress_t{KEY_EXIT, KEY_STATE_DOWN});
-        }
-    }
-    stop = true;
-    reader.join();
-    close(panel);
-    close(listener);
-    unlink(path.c_str());
-    ASSERT_EQ(ms.size(), 100u);
-    std::sort(ms.begin(), ms.end());
-    std::cout << "ENTER to first panel byte over 100 entries: median " << ms[49] << " ms, p99 " << ms[98]
-              << " ms, max " << ms[99] << " ms\n";
 }
