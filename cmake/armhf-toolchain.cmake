@@ -41,7 +41,9 @@ set(CMAKE_CXX_FLAGS_INIT "-Wno-psabi")
 
 # The unpacked packages' architecture-specific headers (OpenSSL's configuration, included by
 # cpp-httplib) sit in the multiarch folder, which the cross compiler does not search there.
-string(APPEND CMAKE_CXX_FLAGS_INIT " -isystem ${FP_ARMHF_SYSROOT}/usr/include/arm-linux-gnueabihf")
+# A standard include folder, not an initial flag, so that a build folder configured before
+# this line was added gets it too.
+set(CMAKE_CXX_STANDARD_INCLUDE_DIRECTORIES "${FP_ARMHF_SYSROOT}/usr/include/arm-linux-gnueabihf")
 
 # ctest and test discovery run the ARM binaries through user-mode qemu; -L points the
 # guest's loader at the cross libc, LD_LIBRARY_PATH at the unpacked libraries.

@@ -4,7 +4,8 @@
 #
 #   scripts/coverage.sh [--build DIR] [--check]
 #
-# Prints the figures per folder (controller, platform, unit, tools; tests left out). With
+# Prints the figures per folder (controller, platform, unit, tools; tests and benchmarks
+# left out). With
 # --check, fails when the line coverage of controller/ is more than two points below the
 # figure recorded in docs/testing.md ("controller line coverage: NN.N %").
 set -euo pipefail
@@ -22,9 +23,9 @@ summary=$(mktemp)
 trap 'rm -f "$summary"' EXIT
 # Throw and unreachable branches are the compiler's, not the code's: left out of the count.
 gcovr -r "$root" --object-directory "$build" -j "$(nproc)" \
-  --filter "$root/(controller|platform|unit|tools)/" --exclude '.*/tests/.*' \
+  --filter "$root/(controller|platform|unit|tools)/" --exclude '.*/(tests|bench)/.*' \
   --exclude-throw-branches --exclude-unreachable-branches \
-  --json-summary "$summary" >/dev/null
+  --json-summary "$summary" "$build" >/dev/null
 python3 - "$summary" "$root/docs/testing.md" "$check" <<'PY'
 import json, re, sys
 summary, notes, check = sys.argv[1], sys.argv[2], sys.argv[3] == "1"

@@ -48,6 +48,10 @@ CUnitServer::CUnitServer(const std::string& unitFile) : m_strUnit(UnitFilePath(u
 
 CUnitServer::~CUnitServer()
 {
+    // An orderly stop, so a unitd built for coverage writes its counts (a killed one would
+    // not); the child's own destructor kills it if it did not stop.
+    if (m_pProcess && !m_pProcess->HasExited())
+        Stop();
     m_pProcess.reset();  // unitd first: it holds the socket
     if (!m_strOwnDir.empty()) {
         std::error_code ec;
