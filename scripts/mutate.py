@@ -8,8 +8,8 @@ Collects every place in controller/ and platform/ (tests left out) where one sma
 be planted (a comparison flipped, a constant changed by one, a boolean swapped, a logical
 operator swapped, a call statement dropped), picks --count of them with a fixed seed, and
 for each: plants it, rebuilds incrementally, runs the unit tests, and puts the file back.
-A fault is killed when a test fails (or the build's tests time out), survives when every
-test passes, and is stillborn when it does not compile (not counted). Prints each result
+A fault is killed when a test fails (or the build's tests time out) and fails again when
+run once more, survives otherwise, and is stillborn when it does not compile (not counted). Prints each result
 and the share killed; the survivors are the places where a test is worth its lines.
 
 The same seed and count give the same faults for the same sources, so figures taken before
@@ -117,6 +117,7 @@ def main():
     if run(["cmake", "--build", build, f"-j{args.jobs}"], 3600) != 0:
         sys.exit("mutate.py: the unmutated tree does not build")
     test = ["ctest", "--test-dir", build, f"-j{args.jobs}", "-L", "unit", "--stop-on-failure", "--timeout", "60"]
+    rerun = ["ctest", "--test-dir", build, "--rerun-failed", "--timeout", "60"]
 
     killed, survived, stillborn = 0, [], 0
     for i, mutation in enumerate(chosen, 1):
@@ -130,7 +131,9 @@ def main():
                 stillborn += 1
                 print(f"{i:3} stillborn {where}", flush=True)
                 continue
-            if run(test, 1800) != 0:
+            # A kill must be repeatable: the failed tests run once more, so one flaky test on
+            # a loaded machine does not count as a caught fault.
+            if run(test, 1800) != 0 and run(rerun, 1800) != 0:
                 killed += 1
                 print(f"{i:3} killed    {where}", flush=True)
             else:
