@@ -261,7 +261,7 @@ private:
 
 }  // namespace
 
-int RunTerminal(CPanelServer& server)
+void CatchStopSignals()
 {
     struct sigaction action;
     std::memset(&action, 0, sizeof action);
@@ -269,6 +269,16 @@ int RunTerminal(CPanelServer& server)
     sigaction(SIGINT, &action, nullptr);
     sigaction(SIGTERM, &action, nullptr);
     sigaction(SIGHUP, &action, nullptr);
+}
+
+bool StopRequested()
+{
+    return g_stop != 0;
+}
+
+int RunTerminal(CPanelServer& server)
+{
+    CatchStopSignals();
     CTerminal terminal(server);
     return terminal.Run();
 }

@@ -23,23 +23,11 @@ const char kDefaultSocket[] = "/var/run/ttyhub.ttyS4.socket";
 // 3 the socket could not be opened.
 enum { EXIT_OK = 0, EXIT_FAILED = 1, EXIT_USAGE = 2, EXIT_SOCKET = 3 };
 
-volatile sig_atomic_t g_stop = 0;
-
-void OnStop(int)
-{
-    g_stop = 1;
-}
-
 // With only the web panel: serves the daemon and the pages until a signal asks to stop.
 int RunHeadless(Panelsim::CPanelServer& server)
 {
-    struct sigaction action;
-    std::memset(&action, 0, sizeof action);
-    action.sa_handler = OnStop;
-    sigaction(SIGINT, &action, nullptr);
-    sigaction(SIGTERM, &action, nullptr);
-    sigaction(SIGHUP, &action, nullptr);
-    while (!g_stop) {
+    Panelsim::CatchStopSignals();
+    while (!Panelsim::StopRequested()) {
         server.Poll(500);
     }
     return 0;
