@@ -174,9 +174,17 @@ class Unit:
             pass
         return None
 
-    def set(self, name, instance, value, force=True):
-        return self.ask({"op": "set", "client": CLIENT, "name": name, "instance": instance,
+    def set(self, name, instance, value, force=True, client=CLIENT):
+        return self.ask({"op": "set", "client": client, "name": name, "instance": instance,
                          "value": value, "force": force})
+
+
+def mode_of(answer):
+    """The lock mode in an answer to a get of frontpanelLockMode.0, or None."""
+    try:
+        return int(answer["values"]["frontpanelLockMode"][".0"])
+    except (TypeError, KeyError, ValueError):
+        return None
 
 
 def random_value(rng, d):
@@ -246,6 +254,9 @@ def main():
     # Checks the checker: stops the daemon (SIGSTOP) at this second for good, so a hang
     # must be reported.
     ap.add_argument("--freeze-at", type=int, default=None)
+    # Checks the checker the other way: another client disables the panel at this second
+    # for 30 s, which the soak must not take for a hang.
+    ap.add_argument("--foreign-lock-at", type=int, default=None)
     a = ap.parse_args()
 
     if os.environ.get("FPNS") != "1":
@@ -279,6 +290,7 @@ def main():
     # Times until which a silent panel is explained by something else than a hang.
     excused_until = now() + 30  # start-up
     stop_ctl = threading.Event()
+    foreign_lock = threading.Event()
     ctl_lock = threading.Lock()  # the key loop and the controller loop share excused_until
 
     def excuse(seconds):
@@ -286,8 +298,19 @@ def main():
         with ctl_lock:
             excused_until = max(excused_until, now() + seconds)
 
-    def controller_loop(crng):
+    def note_lock_mode(mode):
+        """The lock mode the unit holds now, whoever set it: this soak, the daemon's own lock
+        screen (random keys reach it and confirm "Disable Panel" now and then) or a unitd
+        restart. A disabled panel keeps the home page whatever key comes, so a silence then
+        is the behaviour asked for, not a hang."""
         nonlocal lock_mode
+        with ctl_lock:
+            changed = mode != lock_mode
+            lock_mode = mode
+        if changed:
+            excuse(5)  # the panel may ignore keys while locked or disabled
+
+    def controller_loop(crng):
         while not stop_ctl.is_set():
             time.sleep(crng.uniform(0.1, 0.6))
             r = crng.random()
@@ -299,19 +322,21 @@ def main():
             elif r < 0.95:
                 if unit.set("alarmState", crng.choice(alarms), crng.choice([1, 3])):
                     stats["alarms"] += 1
-            else:
+            elif not foreign_lock.is_set():
                 mode = crng.choice([1, 1, 1, 2, 3])
                 if mode != 1 or lock_mode != 1:
-                    excuse(5)  # the panel may ignore keys while locked or disabled
-                lock_mode = mode
+                    excuse(5)
                 if unit.set("frontpanelLockMode", ".0", mode):
                     stats["lockmodes"] += 1
+                    note_lock_mode(mode)
 
     ctl = threading.Thread(target=controller_loop, args=(random.Random(rng.random()),), daemon=True)
     ctl.start()
     next_restart = now() + rng.uniform(20, 40)
     next_drop = now() + rng.uniform(15, 35)
     frozen = False
+    foreign_locked, foreign_unlock = False, None
+    next_mode_look = now()
     try:
         while now() < end and not failures:
             t = now()
@@ -326,6 +351,27 @@ def main():
                 os.kill(fp.pid, signal.SIGSTOP)
                 frozen = True
                 next_restart = next_drop = end + 1
+            if a.foreign_lock_at is not None and t - start >= a.foreign_lock_at and not foreign_locked:
+                # Another client disables the panel behind the soak's back for 30 s, which
+                # nothing else (the soak's own lock modes, a restart, a drop) interrupts.
+                foreign_locked = True
+                foreign_lock.set()
+                if unit.set("frontpanelLockMode", ".0", 1):
+                    note_lock_mode(1)  # the soak's own view: the panel is free
+                unit.set("frontpanelLockMode", ".0", 3, client="operator")
+                foreign_unlock = t + 30
+                next_restart = max(next_restart, t + 35)
+                next_drop = max(next_drop, t + 35)
+            if foreign_unlock is not None and t >= foreign_unlock:
+                unit.set("frontpanelLockMode", ".0", 1, client="operator")
+                foreign_unlock = None
+                foreign_lock.clear()
+            if t >= next_mode_look:
+                answer = unit.ask({"op": "get", "keys": ["frontpanelLockMode.0"]}, timeout=1)
+                mode = mode_of(answer)
+                if mode is not None:
+                    note_lock_mode(mode)
+                next_mode_look = t + 0.5
             rss = rss_kb(fp.pid)
             if rss is not None:
                 if t - start >= warmup:
@@ -411,7 +457,8 @@ def main():
 
     # Every write the daemon made reached the unit and was either applied or refused with
     # a message the daemon could show.
-    daemon_writes = [w for w in unit.journal if w.get("client") != CLIENT]
+    daemon_writes = [w for w in unit.journal if w.get("client") not in (CLIENT, "operator")]
+    lock_writes = [w for w in daemon_writes if w.get("name") == "frontpanelLockMode" and w.get("ok")]
     ok_writes = sum(1 for w in daemon_writes if w.get("ok"))
     refused = [w for w in daemon_writes if not w.get("ok")]
     silent = [w for w in refused if not w.get("msg")]
@@ -431,6 +478,8 @@ def main():
           (stats["unitd_restarts"], stats["panel_drops"], panel.connections, panel.rx_bytes))
     print("  daemon writes %d (applied %d, refused with a message %d)" %
           (len(daemon_writes), ok_writes, len(refused) - len(silent)))
+    print("  lock modes set by the daemon's lock screen %d: %s" %
+          (len(lock_writes), ",".join(str(w.get("value")) for w in lock_writes) or "-"))
     print("  RSS after warm-up: start %s kB, end %s kB, max %s kB" % (rss_start, rss_end, rss_max))
     if failures:
         for f in failures:
