@@ -109,20 +109,15 @@ CChildProcess& CE2eTest::StartDaemon(std::vector<std::string> args)
     return *m_daemons.back();
 }
 
-bool CE2eTest::WaitRunning(CChildProcess& daemon, int timeoutMs)
+bool CE2eTest::WaitRunning(CChildProcess& daemon)
 {
-    return daemon.WaitForStdout("Initialize: Exit\n", timeoutMs) != std::string::npos;
+    return daemon.WaitForStdout("Initialize: Exit\n", kWaitMs) != std::string::npos;
 }
 
-bool CE2eTest::StopDaemon(CChildProcess& daemon, int timeoutMs)
+bool CE2eTest::StopDaemon(CChildProcess& daemon)
 {
     daemon.Signal(SIGUSR1);
-    return daemon.WaitExit(timeoutMs);
-}
-
-bool CE2eTest::FileExists(const std::string& path)
-{
-    return access(path.c_str(), F_OK) == 0;
+    return daemon.WaitExit(kWaitMs);
 }
 
 std::string CE2eTest::ReadFile(const std::string& path)
@@ -131,12 +126,6 @@ std::string CE2eTest::ReadFile(const std::string& path)
     std::stringstream s;
     s << in.rdbuf();
     return s.str();
-}
-
-void CE2eTest::WriteFile(const std::string& path, const std::string& text)
-{
-    std::ofstream out(path);
-    out << text;
 }
 
 }  // namespace e2e

@@ -4,7 +4,6 @@
 // for and stops all of them afterwards, also when the test fails.
 //
 //     TEST_F(CE2eTest, Something) {
-//         E2E_REQUIRE_UNITD();
 //         CUnitServer& unit = StartUnit("full.json");     // unitd + a recording tap
 //         CPanelEnd& panel = StartPanel();                // the panel socket
 //         CChildProcess& fp = StartDaemon();              // --controller unix:<tap>
@@ -24,12 +23,6 @@
 #include "Controller.h"
 #include "PanelEnd.h"
 #include "Paths.h"
-
-#define E2E_REQUIRE_UNITD()                       \
-    do {                                          \
-        if (std::string(e2e::kUnitdPath).empty()) \
-            GTEST_SKIP() << "unitd is not built"; \
-    } while (0)
 
 namespace e2e {
 
@@ -55,13 +48,11 @@ protected:
     // started before (through the tap), or the built-in one when there is none.
     CChildProcess& StartDaemon(std::vector<std::string> args = {});
     // Waits until the daemon has built everything and blocks ("Initialize: Exit\n").
-    bool WaitRunning(CChildProcess& daemon, int timeoutMs = kWaitMs);
+    bool WaitRunning(CChildProcess& daemon);
     // SIGUSR1, then waits for the exit.
-    bool StopDaemon(CChildProcess& daemon, int timeoutMs = kWaitMs);
+    bool StopDaemon(CChildProcess& daemon);
 
-    static bool FileExists(const std::string& path);
     static std::string ReadFile(const std::string& path);
-    static void WriteFile(const std::string& path, const std::string& text);
 
 private:
     std::string m_strTempDir;
