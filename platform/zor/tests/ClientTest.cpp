@@ -78,14 +78,9 @@ TEST_P(Client, WritesConvertCheckAndRefuseWithAMessage)
     Zor::CZorClient client("zor.fp", m_strTarget);
     EXPECT_TRUE(client.SendOp("zor.fp", "frontpanelLockMode", ".0", Zor::CParam::String("2")).Success());
     EXPECT_EQ(client.GetValue("zor.fp", "frontpanelLockMode.0").Val(), Zor::CParam::Int(2));
+    // The unit's own refusals (checked where the unit is tested) come back word for word.
     EXPECT_EQ(client.SendOp("zor.fp", "frontpanelLockMode", ".0", Zor::CParam::String("7")).Msg(),
               "frontpanelLockMode: 7 is out of range 1..3");
-    EXPECT_EQ(client.SendOp("zor.fp", "unitAlias", ".0", Zor::CParam::String(std::string(21, 'x'))).Msg(),
-              "unitAlias: value too long");
-    EXPECT_EQ(client.SendOp("zor.fp", "dvbs2ssconfigModulation", ".1.1", Zor::CParam::String("16APSK")).Msg(),
-              "dvbs2ssconfigModulation: \"16APSK\" is not one of QPSK, 8PSK, Auto");
-    EXPECT_EQ(client.SendOp("zor.fp", "tsinputsrcLabel", ".1.1", Zor::CParam::String("X")).Msg(),
-              "tsinputsrcLabel is read-only");
     EXPECT_FALSE(client.SendOp("zor.fp", "frontpanelLockMode", ".0", Zor::CParam::String("two")).Success());
     EXPECT_FALSE(client.SendOp("zor.fp", "unitAlias", ".5", Zor::CParam::String("x")).Success());
     EXPECT_FALSE(client.SendOp("zor.fp", "nope", ".0", Zor::CParam::String("x")).Success());
