@@ -169,7 +169,7 @@ protected:
     void Report(double seconds);
     View Look() { return View(m_pPanel->Screen()); }
     View Steady();
-    View Settle(size_t from, int answerMs, bool* answered = nullptr);
+    View Settle(size_t from, int answerMs, bool* answered = nullptr, int quietMs = kQuietMs);
     View Press(int key, int answerMs = kAnswerMs, bool* answered = nullptr);
     size_t Record(const View& arrived, const std::vector<Step_t>& path);
     void VisitLines(size_t screen, View here, std::vector<std::string>& ancestors);
@@ -195,15 +195,15 @@ protected:
 };
 
 // The panel once the daemon has drawn what follows byte `from`: its first frame, then every
-// frame until none comes for kQuietMs. `answered`: whether a frame came within answerMs.
-View TreeWalkTest::Settle(size_t from, int answerMs, bool* answered)
+// frame until none comes for quietMs. `answered`: whether a frame came within answerMs.
+View TreeWalkTest::Settle(size_t from, int answerMs, bool* answered, int quietMs)
 {
     size_t seen = m_pPanel->WaitForReceived(kFrameEnd, answerMs, from);
     if (answered != nullptr)
         *answered = seen != std::string::npos;
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(kSettleMaxMs);
     while (seen != std::string::npos && std::chrono::steady_clock::now() < deadline)
-        seen = m_pPanel->WaitForReceived(kFrameEnd, kQuietMs, m_pPanel->Received().size());
+        seen = m_pPanel->WaitForReceived(kFrameEnd, quietMs, m_pPanel->Received().size());
     return Look();
 }
 
@@ -212,12 +212,7 @@ View TreeWalkTest::Settle(size_t from, int answerMs, bool* answered)
 // a panel that differs from what was expected is looked at again, so the walk stays quick.
 View TreeWalkTest::Steady()
 {
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::milliseconds(kSettleMaxMs);
-    while (m_pPanel->WaitForReceived(kFrameEnd, kSteadyMs, m_pPanel->Received().size()) !=
-               std::string::npos &&
-           std::chrono::steady_clock::now() < deadline) {
-    }
-    return Look();
+    return Settle(m_pPanel->Received().size(), kSteadyMs, nullptr, kSteadyMs);
 }
 
 View TreeWalkTest::Press(int key, int answerMs, bool* answered)
@@ -242,15 +237,11 @@ size_t TreeWalkTest::Record(const View& arrived, const std::vector<Step_t>& path
     m_screens.push_back(Screen_t{arrived.Title(), path, {}, "", ""});
     m_ids.insert(arrived.Id());
     if (Mode() == 1) {
-        std::string name;
-        for (char c : path.empty() ? std::string("home") : arrived.Title()) {
-            if (std::isalnum(static_cast<unsigned char>(c)))
-                name += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-            else if (!name.empty() && name.back() != '_')
-                name += '_';
-        }
-        while (!name.empty() && name.back() == '_')
-            name.pop_back();
+        std::string name = path.empty() ? std::string("home") : arrived.Title();
+        std::transform(name.begin(), name.end(), name.begin(),
+                       [](unsigned char c) { return std::tolower(c); });
+        name = Trim(std::regex_replace(name, std::regex("[^a-z0-9]+"), " "));  // runs of others: one '_'
+        std::replace(name.begin(), name.end(), ' ', '_');
         std::string unique = name.empty() ? "untitled" : name;
         for (int n = 2; m_atlasNames.count(unique) != 0; ++n)
             unique = name + "_" + std::to_string(n);

@@ -83,6 +83,7 @@ int CUnitServer::Stop()
 
 nlohmann::json CUnitServer::Request(nlohmann::json request)
 {
+    std::lock_guard<std::mutex> lock(m_mutex);
     request["id"] = m_iNextId++;
     nlohmann::json answer =
         nlohmann::json::parse(m_pLink ? m_pLink->Ask(request.dump(), 10000) : std::string(), nullptr, false);
@@ -93,22 +94,17 @@ nlohmann::json CUnitServer::Request(nlohmann::json request)
 nlohmann::json CUnitServer::Set(const std::string& name, const std::string& instance,
                                 const nlohmann::json& value, bool force)
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
     nlohmann::json request = {
         {"op", "set"}, {"client", "e2e"}, {"name", name}, {"instance", instance}, {"value", value}};
-    if (force)
-        request["force"] = true;
+    request["force"] = force;
     return Request(request);
 }
 
 nlohmann::json CUnitServer::Get(const std::string& key)
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
     nlohmann::json answer = Request({{"op", "get"}, {"keys", {key}}});
-    if (!answer.value("ok", false) || !answer.contains("values"))
-        return nullptr;
     // {"values": {"name": {".0": value}}}: the one value there is.
-    for (auto& byName : answer["values"])
+    for (auto& byName : answer.value("values", nlohmann::json::object()))
         for (auto& value : byName)
             return value;
     return nullptr;
@@ -116,7 +112,6 @@ nlohmann::json CUnitServer::Get(const std::string& key)
 
 nlohmann::json CUnitServer::Writes(int since)
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
     return Request({{"op", "writes"}, {"since", since}});
 }
 

@@ -57,7 +57,7 @@ private:
     std::unique_ptr<CChildProcess> m_pProcess;
     std::unique_ptr<CLineClient> m_pLink;
     int m_iNextId = 1;
-    std::mutex m_mutex;  // one request at a time on the link
+    std::mutex m_mutex;  // one request at a time on the link (Request)
 
     // Sends the request with an "id" and returns the answer, or "ok": false and a "msg".
     nlohmann::json Request(nlohmann::json request);

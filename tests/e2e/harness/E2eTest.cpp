@@ -51,27 +51,19 @@ void CE2eTest::SetUp()
 
 void CE2eTest::TearDown()
 {
-    // The daemons first (they hold the other ends), then the panel, the tap and unitd.
-    for (auto& daemon : m_daemons) {
-        if (!daemon->HasExited()) {
-            daemon->Signal(SIGKILL);
-            daemon->WaitExit(kWaitMs);
-        }
-        std::string err = daemon->Stderr();
-        EXPECT_FALSE(HasSanitizerReport(err)) << daemon->Describe();
-    }
+    // The daemons first (they hold the other ends; one still running is killed), then the
+    // panel, the tap and unitd.
+    for (auto& daemon : m_daemons)
+        EXPECT_FALSE(HasSanitizerReport(daemon->Stderr())) << daemon->Describe();
     m_daemons.clear();
     m_pPanel.reset();
     m_pTap.reset();
     if (m_pUnit) {
-        std::string err = m_pUnit->Process().Stderr();
-        EXPECT_FALSE(HasSanitizerReport(err)) << m_pUnit->Process().Describe();
+        EXPECT_FALSE(HasSanitizerReport(m_pUnit->Process().Stderr())) << m_pUnit->Process().Describe();
     }
     m_pUnit.reset();
-    if (!m_strTempDir.empty()) {
-        std::error_code ec;
-        std::filesystem::remove_all(m_strTempDir, ec);
-    }
+    std::error_code ec;
+    std::filesystem::remove_all(m_strTempDir, ec);
 }
 
 CUnitServer& CE2eTest::StartUnit(const std::string& unitFile)
