@@ -1,12 +1,10 @@
 // What only the unitd link has: unreachable controllers, restarts, silent servers.
 #include <gtest/gtest.h>
 #include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <chrono>
 #include <cstdlib>
-#include <cstring>
 
 #include "Controller.h"
 #include "EventRecorder.h"
@@ -82,9 +80,8 @@ TEST(UnixLink, ASilentOrFullControllerTimesOut)
         std::string error;
         const int fd = e2e::ListenUnix(path, backlog, "deaf controller", &error);  // never accepts
         ASSERT_GE(fd, 0) << error;
-        sockaddr_un addr{};
-        addr.sun_family = AF_UNIX;
-        std::strncpy(addr.sun_path, path.c_str(), sizeof addr.sun_path - 1);
+        sockaddr_un addr;
+        ASSERT_TRUE(e2e::UnixAddress(path, &addr));
         std::vector<int> fillers;
         for (int i = 0; backlog == 0 && i < 4; ++i) {
             fillers.push_back(socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0));
