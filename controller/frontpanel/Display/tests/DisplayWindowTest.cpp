@@ -153,13 +153,14 @@ TEST(Display, CentredTitleMovesLeftOnlyThroughTheTextOverload)
     display.WriteAligned("Setup", 0, ALIGN_CENTRE, 0);
     EXPECT_EQ(std::string(12, ' ') + "Setup", display.Row(0).substr(0, 17));
 
-    // Away from the title row both overloads agree.
-    std::string text = "Setup";
-    display.WriteAligned(text, 2, ALIGN_CENTRE, 0);
-    display.WriteAligned("Setup", 3, ALIGN_CENTRE, 0);
-    EXPECT_EQ(display.Row(2), display.Row(3));
-    display.WriteAligned("Setup", 4, ALIGN_RIGHT, 0);
-    EXPECT_EQ(std::string(25, ' ') + "Setup", display.Row(4));
+    // Away from the title row both overloads agree, centred or right-aligned.
+    for (int alignment : {ALIGN_CENTRE, ALIGN_RIGHT}) {
+        std::string text = "Setup";
+        display.WriteAligned(text, 2, alignment, 0);
+        display.WriteAligned("Setup", 3, alignment, 0);
+        EXPECT_EQ(display.Row(2), display.Row(3)) << alignment;
+    }
+    EXPECT_EQ(std::string(25, ' ') + "Setup", display.Row(3));
 }
 
 TEST(Display, WriteWrappedFillsConsecutiveRowsFromTheFirstRow)
