@@ -36,6 +36,7 @@ const Target_t kTargets[] = {
     {"zor_param", Fuzz::ZorParam},
 };
 
+// The files of a folder but its README, sorted; none when there is no such folder.
 std::vector<std::string> FilesIn(const std::string& dir)
 {
     std::vector<std::string> files;
@@ -58,14 +59,10 @@ std::set<std::string> OpenFindings()
 {
     std::set<std::string> open;
     std::istringstream lines(ReadFile(std::string(FUZZ_DIR) + "/regressions/OPEN"));
-    std::string line;
-    while (std::getline(lines, line)) {
-        std::istringstream words(line);
-        std::string first;
-        if (words >> first && first[0] != '#') {
+    std::string first;
+    for (std::string line; std::getline(lines, line);)
+        if (std::istringstream(line) >> first && first[0] != '#')
             open.insert(first);
-        }
-    }
     return open;
 }
 
@@ -109,13 +106,9 @@ protected:
     }
 };
 
-TEST_P(Replay, SeedCorpus)
+TEST_P(Replay, SeedsAndRegressions)
 {
     EXPECT_GT(RunAll("corpus"), 0) << "every target has seeds";
-}
-
-TEST_P(Replay, Regressions)
-{
     RunAll("regressions");
 }
 

@@ -11,7 +11,6 @@ class ClientJournalTest : public CE2eTest {};
 // shows the attempt.
 TEST_F(ClientJournalTest, CheckedSendStillSendsAnIncompleteKey)
 {
-    E2E_REQUIRE_UNITD();
     CUnitServer& unit = StartUnit();
     Zor::CZorClient zor(kZorClientName, "unix:" + unit.SocketPath());
     CTavClient client(&zor);

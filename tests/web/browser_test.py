@@ -72,13 +72,11 @@ def main():
     if len(sys.argv) != 3:
         sys.exit("usage: browser_test.py BUILD_DIR OUT_DIR")
     build, out = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2])
-    if os.environ.get("FPNS") != "1":
-        missing = webrig.ensure_browser()
-        if missing:
-            print("SKIPPED: the browser test needs %s, which could not be installed "
-                  "(scripts/deps.sh browser)" % ", ".join(missing))
-            return webrig.SKIP
-        webrig.in_namespace()
+    missing = webrig.prepare()
+    if missing:
+        print("SKIPPED: the browser test needs %s, which could not be installed "
+              "(scripts/deps.sh browser)" % ", ".join(missing))
+        return webrig.SKIP
     os.makedirs(out, exist_ok=True)
 
     rig = webrig.Rig(build)

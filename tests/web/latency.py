@@ -32,11 +32,9 @@ def main():
         sys.exit("usage: latency.py BUILD_DIR [PRESSES]")
     build = os.path.abspath(sys.argv[1])
     presses = int(sys.argv[2]) if len(sys.argv) == 3 else 200
-    if os.environ.get("FPNS") != "1":
-        missing = webrig.ensure_browser()
-        if missing:
-            sys.exit("latency.py: needs %s" % ", ".join(missing))
-        webrig.in_namespace()
+    missing = webrig.prepare()
+    if missing:
+        sys.exit("latency.py: needs %s" % ", ".join(missing))
     rig = webrig.Rig(build)
     try:
         driver = rig.browser()

@@ -24,9 +24,12 @@ def browser_missing():
     return missing
 
 
-def ensure_browser():
-    """Installs the browser (scripts/deps.sh browser) when a part is missing; what is still
-    missing afterwards (no network, not root)."""
+def prepare():
+    """Outside the namespace of scripts/fpns.sh: installs the browser (scripts/deps.sh browser)
+    where a part is missing, then runs this script again inside a namespace of its own.
+    Returns what is still missing (no network, not root), and then nothing runs."""
+    if os.environ.get("FPNS") == "1":
+        return []
     if browser_missing():
         subprocess.run([os.path.join(ROOT, "scripts", "deps.sh"), "browser"], stdout=sys.stderr, check=False)
     missing = browser_missing()
@@ -34,14 +37,10 @@ def ensure_browser():
     if missing == ["python3-selenium"] and os.path.realpath(sys.executable) != os.path.realpath("/usr/bin/python3") \
             and os.access("/usr/bin/python3", os.X_OK):
         os.execv("/usr/bin/python3", ["/usr/bin/python3", "-B"] + sys.argv)
-    return missing
-
-
-def in_namespace():
-    """Runs this script again inside its own namespace, unless it is there already."""
-    if os.environ.get("FPNS") != "1":
+    if not missing:
         fpns = os.path.join(ROOT, "scripts", "fpns.sh")
         os.execv(fpns, [fpns, sys.executable, "-B"] + sys.argv)
+    return missing
 
 
 class Rig:

@@ -59,8 +59,8 @@ TEST(VirtualUnit, RefusesBrokenUnitFilesWithTheReason)
 TEST(VirtualUnit, ConvertsWrittenValuesToTheObjectsType)
 {
     auto unit = Load(UNIT_TEST_FILES "/small.json");
-    auto set = [&](const char* name, const char* inst, const CParam& v) {
-        return unit->Set("t", Unit::Write_t{name, inst, v}, false);
+    auto set = [&](const char* name, const char* inst, const CParam& v, bool force = false) {
+        return unit->Set("t", Unit::Write_t{name, inst, v}, force);
     };
     auto get = [&](const char* name, const char* inst) { return unit->GetOne(name, COid(inst)).Val(); };
 
@@ -72,25 +72,24 @@ TEST(VirtualUnit, ConvertsWrittenValuesToTheObjectsType)
     EXPECT_EQ(set("frontpanelLockMode", ".0", CParam::String("0")).Msg(),
               "frontpanelLockMode: 0 is out of range 1..3");
 
-    for (const char* yes : {"true", "1"}) {
-        EXPECT_TRUE(
-            unit->Set("t", Unit::Write_t{"avssconfigGenlockAvail", ".1.1", CParam::String("false")}, true)
-                .Success());
-        EXPECT_TRUE(unit->Set("t", Unit::Write_t{"avssconfigGenlockAvail", ".1.1", CParam::String(yes)}, true)
+    // Booleans take true/false and 1/0, as text or number.
+    const std::pair<CParam, bool> booleans[] = {
+        {CParam::String("true"), true}, {CParam::String("1"), true}, {CParam::Int(0), false}};
+    for (const auto& b : booleans) {
+        EXPECT_TRUE(set("avssconfigGenlockAvail", ".1.1", CParam::String(b.second ? "false" : "true"), true)
                         .Success());
-        EXPECT_EQ(get("avssconfigGenlockAvail", ".1.1"), CParam::Bool(true));
+        EXPECT_TRUE(set("avssconfigGenlockAvail", ".1.1", b.first, true).Success());
+        EXPECT_EQ(get("avssconfigGenlockAvail", ".1.1"), CParam::Bool(b.second)) << b.first.ToString("");
     }
-    EXPECT_TRUE(
-        unit->Set("t", Unit::Write_t{"avssconfigGenlockAvail", ".1.1", CParam::Int(0)}, true).Success());
-    EXPECT_EQ(get("avssconfigGenlockAvail", ".1.1"), CParam::Bool(false));
-    EXPECT_FALSE(
-        unit->Set("t", Unit::Write_t{"avssconfigGenlockAvail", ".1.1", CParam::Int(2)}, true).Success());
+    EXPECT_FALSE(set("avssconfigGenlockAvail", ".1.1", CParam::Int(2), true).Success());
 
     EXPECT_TRUE(set("unitAlias", ".0", CParam::Int(42)).Success());
     EXPECT_EQ(get("unitAlias", ".0"), CParam::String("42"));
     EXPECT_EQ(set("audioLevel", ".1.1", CParam::String("loud")).Msg(),
               "audioLevel: \"loud\" is not a number");
     EXPECT_EQ(set("audioLevel", ".1.1", CParam::String("3")).Msg(), "audioLevel: 3 is out of range -60..0");
+    EXPECT_EQ(set("dvbs2ssconfigModulation", ".1.1", CParam::String("16APSK")).Msg(),
+              "dvbs2ssconfigModulation: \"16APSK\" is not one of QPSK, 8PSK, Auto");
     EXPECT_EQ(set("unitAlias", ".0", CParam()).Msg(), "unitAlias: a value must be a text, number or boolean");
     EXPECT_EQ(set("unitAlias", ".1", CParam::String("x")).Msg(), "unitAlias: no instance \".1\"");
     EXPECT_EQ(set("unitAlias", "x", CParam::String("x")).Msg(), "unitAlias: bad instance \"x\"");

@@ -78,14 +78,9 @@ TEST_P(Client, WritesConvertCheckAndRefuseWithAMessage)
     Zor::CZorClient client("zor.fp", m_strTarget);
     EXPECT_TRUE(client.SendOp("zor.fp", "frontpanelLockMode", ".0", Zor::CParam::String("2")).Success());
     EXPECT_EQ(client.GetValue("zor.fp", "frontpanelLockMode.0").Val(), Zor::CParam::Int(2));
+    // The unit's own refusals (checked where the unit is tested) come back word for word.
     EXPECT_EQ(client.SendOp("zor.fp", "frontpanelLockMode", ".0", Zor::CParam::String("7")).Msg(),
               "frontpanelLockMode: 7 is out of range 1..3");
-    EXPECT_EQ(client.SendOp("zor.fp", "unitAlias", ".0", Zor::CParam::String(std::string(21, 'x'))).Msg(),
-              "unitAlias: value too long");
-    EXPECT_EQ(client.SendOp("zor.fp", "dvbs2ssconfigModulation", ".1.1", Zor::CParam::String("16APSK")).Msg(),
-              "dvbs2ssconfigModulation: \"16APSK\" is not one of QPSK, 8PSK, Auto");
-    EXPECT_EQ(client.SendOp("zor.fp", "tsinputsrcLabel", ".1.1", Zor::CParam::String("X")).Msg(),
-              "tsinputsrcLabel is read-only");
     EXPECT_FALSE(client.SendOp("zor.fp", "frontpanelLockMode", ".0", Zor::CParam::String("two")).Success());
     EXPECT_FALSE(client.SendOp("zor.fp", "unitAlias", ".5", Zor::CParam::String("x")).Success());
     EXPECT_FALSE(client.SendOp("zor.fp", "nope", ".0", Zor::CParam::String("x")).Success());
@@ -133,16 +128,17 @@ TEST_P(Client, EventsFromAnyClientArriveInWriteOrderOnTheDeliveryThread)
     ASSERT_TRUE(other.SendOp("w", "unitAlias", ".0", Zor::CParam::String("49")).Success());  // unchanged
     ASSERT_TRUE(all.WaitFor(51));
     ASSERT_TRUE(twice.WaitFor(51));
-    auto events = all.Events();
-    ASSERT_EQ(events.size(), 51u);
+    const std::vector<std::string> values = all.Values();
+    const std::vector<std::thread::id> threads = all.Threads();
+    ASSERT_EQ(values.size(), 51u);
     for (int i = 0; i < 50; ++i) {
-        EXPECT_EQ(events[i].value, std::to_string(i));
-        EXPECT_NE(events[i].thread, std::this_thread::get_id());
+        EXPECT_EQ(values[i], "unitAlias.0=" + std::to_string(i));
+        EXPECT_NE(threads[i], std::this_thread::get_id());
     }
-    EXPECT_EQ(events[50].value, "49");
-    EXPECT_EQ(events[0].thread, events[50].thread);
-    EXPECT_TRUE(one.Events().empty());
-    EXPECT_EQ(twice.Events().size(), 51u);
+    EXPECT_EQ(values[50], "unitAlias.0=49");
+    EXPECT_EQ(threads[0], threads[50]);
+    EXPECT_TRUE(one.Values().empty());
+    EXPECT_EQ(twice.Values().size(), 51u);
 
     EXPECT_TRUE(panel.RemoveManagedEventHandler("unitAlias", &all, "%").Success());
     EXPECT_FALSE(panel.RemoveManagedEventHandler("unitAlias", &all, ".%").Success());

@@ -1,13 +1,10 @@
 #include "Controller.h"
 
-#include <poll.h>
 #include <signal.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 
 #include "Paths.h"
@@ -16,11 +13,6 @@
 namespace e2e {
 
 namespace {
-
-nlohmann::json Failure(const std::string& msg)
-{
-    return {{"ok", false}, {"msg", msg}};
-}
 
 std::string UnitFilePath(const std::string& unitFile)
 {
@@ -37,12 +29,9 @@ CUnitServer::CUnitServer(const std::string& unitFile, const std::string& socketP
 CUnitServer::CUnitServer(const std::string& unitFile) : m_strUnit(UnitFilePath(unitFile))
 {
     char dir[] = "/tmp/fp-unitd.XXXXXX";
-    if (mkdtemp(dir) != nullptr) {
+    if (mkdtemp(dir) != nullptr) {  // else the socket path stays empty and Start says so
         m_strOwnDir = dir;
         m_strSocket = m_strOwnDir + "/unitd.sock";
-    } else {
-        // The socket path stays empty and Start says why.
-        m_strDirError = std::string("no folder for unitd's socket: ") + std::strerror(errno);
     }
 }
 
@@ -61,12 +50,8 @@ CUnitServer::~CUnitServer()
 
 bool CUnitServer::Start(std::string* error)
 {
-    if (std::string(kUnitdPath).empty()) {
-        *error = "unitd is not built";
-        return false;
-    }
     if (m_strSocket.empty()) {
-        *error = m_strDirError;
+        *error = "no folder for unitd's socket";
         return false;
     }
     m_pProcess.reset(new CChildProcess({kUnitdPath, "--unit", m_strUnit, "--socket", m_strSocket}));
@@ -98,31 +83,28 @@ int CUnitServer::Stop()
 
 nlohmann::json CUnitServer::Request(nlohmann::json request)
 {
+    std::lock_guard<std::mutex> lock(m_mutex);
     request["id"] = m_iNextId++;
     nlohmann::json answer =
         nlohmann::json::parse(m_pLink ? m_pLink->Ask(request.dump(), 10000) : std::string(), nullptr, false);
-    return answer.is_object() ? answer : Failure("no answer to " + request.dump());
+    return answer.is_object() ? answer
+                              : nlohmann::json{{"ok", false}, {"msg", "no answer to " + request.dump()}};
 }
 
 nlohmann::json CUnitServer::Set(const std::string& name, const std::string& instance,
                                 const nlohmann::json& value, bool force)
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
     nlohmann::json request = {
         {"op", "set"}, {"client", "e2e"}, {"name", name}, {"instance", instance}, {"value", value}};
-    if (force)
-        request["force"] = true;
+    request["force"] = force;
     return Request(request);
 }
 
 nlohmann::json CUnitServer::Get(const std::string& key)
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
     nlohmann::json answer = Request({{"op", "get"}, {"keys", {key}}});
-    if (!answer.value("ok", false) || !answer.contains("values"))
-        return nullptr;
     // {"values": {"name": {".0": value}}}: the one value there is.
-    for (auto& byName : answer["values"])
+    for (auto& byName : answer.value("values", nlohmann::json::object()))
         for (auto& value : byName)
             return value;
     return nullptr;
@@ -130,7 +112,6 @@ nlohmann::json CUnitServer::Get(const std::string& key)
 
 nlohmann::json CUnitServer::Writes(int since)
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
     return Request({{"op", "writes"}, {"since", since}});
 }
 
@@ -162,28 +143,24 @@ std::vector<std::string> CUnitServer::ValuesWrittenBy(const std::string& client,
 
 // --- CControllerTap
 
-struct CControllerTap::Pair {
-    int down = -1;     // the daemon's connection
-    int up = -1;       // to unitd
-    std::string line;  // partial request line from the daemon
-};
-
 CControllerTap::CControllerTap(const std::string& path, const std::string& upstream)
-    : m_strPath(path), m_strUpstream(upstream), m_iListenFd(-1), m_bStop(false)
+    : m_strPath(path), m_strUpstream(upstream)
 {
 }
 
 CControllerTap::~CControllerTap()
 {
-    m_bStop = true;
-    if (m_thread.joinable())
-        m_thread.join();
-    for (auto& p : m_pairs) {
-        if (p->down >= 0)
-            close(p->down);
-        if (p->up >= 0)
-            close(p->up);
-    }
+    // Shutting a socket down wakes the thread blocked on it.
+    if (m_iListenFd >= 0)
+        shutdown(m_iListenFd, SHUT_RDWR);
+    if (m_acceptor.joinable())
+        m_acceptor.join();
+    for (int fd : m_fds)
+        shutdown(fd, SHUT_RDWR);
+    for (std::thread& relay : m_relays)
+        relay.join();
+    for (int fd : m_fds)
+        close(fd);
     if (m_iListenFd >= 0) {
         close(m_iListenFd);
         unlink(m_strPath.c_str());
@@ -193,90 +170,53 @@ CControllerTap::~CControllerTap()
 bool CControllerTap::Start(std::string* error)
 {
     m_iListenFd = ListenUnix(m_strPath, 8, "controller tap", error);
-    if (m_iListenFd < 0)
-        return false;
-    m_thread = std::thread(&CControllerTap::Run, this);
-    return true;
+    if (m_iListenFd >= 0)
+        m_acceptor = std::thread(&CControllerTap::Accept, this);
+    return m_iListenFd >= 0;
 }
 
-void CControllerTap::Run()
+void CControllerTap::Accept()
 {
-    while (!m_bStop) {
-        std::vector<struct pollfd> fds;
-        fds.push_back({m_iListenFd, POLLIN, 0});
-        for (auto& p : m_pairs) {
-            fds.push_back({p->down, POLLIN, 0});
-            fds.push_back({p->up, POLLIN, 0});
-        }
-        if (poll(fds.data(), fds.size(), 50) <= 0)
+    int down;
+    while ((down = accept4(m_iListenFd, nullptr, nullptr, SOCK_CLOEXEC)) >= 0) {
+        const int up = ConnectUnix(m_strUpstream);
+        if (up < 0) {
+            close(down);  // as if unitd were not there: the client retries
             continue;
-        if (fds[0].revents & POLLIN) {
-            int down = accept4(m_iListenFd, nullptr, nullptr, SOCK_CLOEXEC);
-            if (down >= 0) {
-                std::unique_ptr<Pair> p(new Pair);
-                p->down = down;
-                p->up = ConnectUnix(m_strUpstream);
-                if (p->up < 0)
-                    close(down);  // as if unitd were not there: the client retries
-                else
-                    m_pairs.push_back(std::move(p));
-            }
-            continue;  // the pair list changed under the poll set
         }
-        for (size_t i = 0; i < m_pairs.size(); ++i) {
-            Pair& p = *m_pairs[i];
-            bool closed = false;
-            for (int side = 0; side < 2; ++side) {
-                if (fds[1 + 2 * i + side].revents == 0)
-                    continue;
-                int from = side == 0 ? p.down : p.up;
-                int to = side == 0 ? p.up : p.down;
-                char buf[4096];
-                ssize_t n = read(from, buf, sizeof buf);
-                if (n <= 0) {
-                    closed = true;
-                    break;
-                }
-                if (side == 0) {
-                    // Recorded before it is passed on, so a request is on record before
-                    // anything its answer causes.
-                    p.line.append(buf, static_cast<size_t>(n));
-                    size_t nl;
-                    while ((nl = p.line.find('\n')) != std::string::npos) {
-                        nlohmann::json j = nlohmann::json::parse(p.line.substr(0, nl), nullptr, false);
-                        p.line.erase(0, nl + 1);
-                        std::lock_guard<std::mutex> lock(m_mutex);
-                        m_requests.push_back({NowMs(), j});
-                    }
-                }
-                if (!SendAll(to, std::string(buf, static_cast<size_t>(n)))) {
-                    closed = true;
-                    break;
-                }
-            }
-            if (closed) {
-                close(p.down);
-                close(p.up);
-                p.down = p.up = -1;
-            }
-        }
-        for (size_t i = m_pairs.size(); i-- > 0;) {
-            if (m_pairs[i]->down < 0)
-                m_pairs.erase(m_pairs.begin() + static_cast<std::ptrdiff_t>(i));
-        }
+        m_fds.insert(m_fds.end(), {down, up});
+        m_relays.emplace_back(&CControllerTap::Relay, this, down, up, true);
+        m_relays.emplace_back(&CControllerTap::Relay, this, up, down, false);
     }
 }
 
-std::vector<CControllerTap::Request> CControllerTap::Requests()
+void CControllerTap::Relay(int from, int to, bool record)
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
-    return m_requests;
+    std::string line;  // partial request line from the daemon
+    char buf[4096];
+    ssize_t n;
+    while ((n = read(from, buf, sizeof buf)) > 0) {
+        // Recorded before it is passed on, so a request is on record before anything its
+        // answer causes.
+        if (record)
+            line.append(buf, static_cast<size_t>(n));
+        for (size_t nl; (nl = line.find('\n')) != std::string::npos; line.erase(0, nl + 1)) {
+            std::lock_guard<std::mutex> lock(m_mutex);
+            m_requests.push_back({NowMs(), nlohmann::json::parse(line.substr(0, nl), nullptr, false)});
+        }
+        if (!SendAll(to, std::string(buf, static_cast<size_t>(n))))
+            break;
+    }
+    // One side gone: the other one is ended too, which also ends the relay the other way.
+    shutdown(from, SHUT_RDWR);
+    shutdown(to, SHUT_RDWR);
 }
 
 std::vector<CControllerTap::Request> CControllerTap::Find(const std::string& op, const std::string& object)
 {
+    std::lock_guard<std::mutex> lock(m_mutex);
     std::vector<Request> found;
-    for (const Request& r : Requests()) {
+    for (const Request& r : m_requests) {
         const nlohmann::json& j = r.json;
         if (!j.is_object() || (!op.empty() && j.value("op", "") != op))
             continue;

@@ -3,7 +3,6 @@
 // and unitd and records every request the daemon makes.
 #pragma once
 
-#include <atomic>
 #include <memory>
 #include <mutex>
 #include <nlohmann/json.hpp>
@@ -53,13 +52,12 @@ public:
 
 private:
     std::string m_strUnit;
-    std::string m_strOwnDir;    // made by the server, removed with it; empty when given a socket
-    std::string m_strDirError;  // why the server could not make its folder
+    std::string m_strOwnDir;  // made by the server, removed with it; empty when given a socket
     std::string m_strSocket;
     std::unique_ptr<CChildProcess> m_pProcess;
     std::unique_ptr<CLineClient> m_pLink;
     int m_iNextId = 1;
-    std::mutex m_mutex;  // one request at a time on the link
+    std::mutex m_mutex;  // one request at a time on the link (Request)
 
     // Sends the request with an "id" and returns the answer, or "ok": false and a "msg".
     nlohmann::json Request(nlohmann::json request);
@@ -79,22 +77,20 @@ public:
 
     bool Start(std::string* error);
     const std::string& Path() const { return m_strPath; }
-
-    std::vector<Request> Requests();
     // Requests with this "op" (any op when empty) that name `object` (in "name", "keys" or
-    // "types").
+    // "types"), in the order they passed.
     std::vector<Request> Find(const std::string& op, const std::string& object);
 
 private:
-    struct Pair;
-    void Run();
+    void Accept();
+    void Relay(int from, int to, bool record);
 
     std::string m_strPath;
     std::string m_strUpstream;
-    int m_iListenFd;
-    std::atomic<bool> m_bStop;
-    std::thread m_thread;
-    std::vector<std::unique_ptr<Pair>> m_pairs;  // tap thread only
+    int m_iListenFd = -1;
+    std::thread m_acceptor;
+    std::vector<int> m_fds;             // both ends of every pair; the acceptor's until it ends
+    std::vector<std::thread> m_relays;  // likewise
 
     std::mutex m_mutex;  // guards m_requests
     std::vector<Request> m_requests;

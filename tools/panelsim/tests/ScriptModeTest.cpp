@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <sstream>
@@ -80,9 +81,8 @@ protected:
     void TearDown() override
     {
         m_pPanelsim.reset();
-        for (const char* name : {"/script", "/panel.socket"})
-            unlink((m_strDir + name).c_str());
-        rmdir(m_strDir.c_str());
+        std::error_code ec;
+        std::filesystem::remove_all(m_strDir, ec);
     }
 
     void Start(const std::string& script, std::vector<std::string> extra = {})

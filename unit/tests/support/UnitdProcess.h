@@ -8,10 +8,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cstring>
 #include <string>
-#include <thread>
 
 class CUnitdProcess {
 public:
@@ -21,17 +19,14 @@ public:
     }
     ~CUnitdProcess()
     {
-        if (m_pid > 0) {
-            kill(m_pid, SIGTERM);
+        if (m_pid > 0 && kill(m_pid, SIGTERM) == 0)
             waitpid(m_pid, nullptr, 0);
-        }
     }
 
-    // Starts unitd and waits until its socket accepts; false when it did not come up.
+    // Starts unitd and waits (2 s at most) until its socket accepts; false when it did not.
     bool Start()
     {
-        m_pid = fork();
-        if (m_pid == 0) {
+        if ((m_pid = fork()) == 0) {
             execl(UNITD_PATH, "unitd", "--unit", m_strUnit.c_str(), "--socket", m_strSocket.c_str(),
                   static_cast<char*>(nullptr));
             _exit(127);
@@ -39,13 +34,12 @@ public:
         sockaddr_un addr{};
         addr.sun_family = AF_UNIX;
         std::strncpy(addr.sun_path, m_strSocket.c_str(), sizeof addr.sun_path - 1);
-        for (int i = 0; i < 200; ++i) {
-            int fd = socket(AF_UNIX, SOCK_STREAM, 0);
-            bool up = connect(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr) == 0;
+        for (int i = 0; i < 200; ++i, usleep(10000)) {
+            const int fd = socket(AF_UNIX, SOCK_STREAM, 0);
+            const bool up = connect(fd, reinterpret_cast<sockaddr*>(&addr), sizeof addr) == 0;
             close(fd);
             if (up)
                 return true;
-            std::this_thread::sleep_for(std::chrono::milliseconds(10));
         }
         return false;
     }

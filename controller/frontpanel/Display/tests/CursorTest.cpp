@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "Display/Cursor.h"
 #include "WindowOnlyDisplay.h"
@@ -11,49 +12,41 @@ struct Pos_t {
     int index;
     int row;
     int top;
-    bool redraw;
+    int redraw;  // the move asks for the list to be drawn again
 };
 
-void ExpectAt(const CCursor& cursor, const Pos_t& want, bool moved, int step)
+// Items on rows 1 to 4: the list scrolls at the edges and wraps at the ends; a list shorter
+// than the area wraps below its last row, and an empty one stays put.
+TEST(Cursor, MovesScrollAtTheEdgesAndWrapAtTheEnds)
 {
-    EXPECT_EQ(want.index, cursor.GetIndex()) << "step " << step;
-    EXPECT_EQ(want.row, cursor.GetRow()) << "step " << step;
-    EXPECT_EQ(want.top, cursor.GetTop()) << "step " << step;
-    EXPECT_EQ(want.redraw, moved) << "step " << step;
-}
-
-// Six items on rows 1 to 4: the list scrolls at the edges and wraps at the ends.
-TEST(Cursor, MoveDownScrollsAtTheLastRowAndWrapsToTheFirstItem)
-{
-    CCursor cursor;
-    cursor.SetRowRange(1, 4);
-    cursor.SetItemCount(6);
-    const Pos_t steps[] = {{1, 2, 0, false}, {2, 3, 0, false}, {3, 4, 0, false},
-                           {4, 4, 1, true},  {5, 4, 2, true},  {0, 1, 0, true}};
-    for (int i = 0; i < 6; ++i) {
-        const bool moved = cursor.MoveDown();
-        ExpectAt(cursor, steps[i], moved, i);
+    const struct {
+        bool down;
+        int items;
+        int visible;
+        std::vector<Pos_t> steps;
+    } walks[] = {
+        {true, 6, 4, {{1, 2, 0, 0}, {2, 3, 0, 0}, {3, 4, 0, 0}, {4, 4, 1, 1}, {5, 4, 2, 1}, {0, 1, 0, 1}}},
+        {false, 6, 4, {{5, 4, 2, 1}, {4, 3, 2, 0}, {3, 2, 2, 0}, {2, 1, 2, 0}, {1, 1, 1, 1}, {0, 1, 0, 1}}},
+        {false, 2, 2, {{1, 2, 0, 0}, {0, 1, 0, 0}}},
+        {true, 2, 2, {{1, 2, 0, 0}, {0, 1, 0, 0}}},
+        {true, 0, 0, {{0, 1, 0, 0}}},
+        {false, 0, 0, {{0, 1, 0, 0}}},
+    };
+    for (const auto& walk : walks) {
+        CCursor cursor;
+        cursor.SetRowRange(1, 4);
+        cursor.SetItemCount(walk.items);
+        EXPECT_EQ(walk.visible, cursor.GetVisibleCount());
+        for (size_t i = 0; i < walk.steps.size(); ++i) {
+            SCOPED_TRACE(testing::Message()
+                         << (walk.down ? "down" : "up") << " over " << walk.items << ", step " << i);
+            const bool moved = walk.down ? cursor.MoveDown() : cursor.MoveUp();
+            EXPECT_EQ(walk.steps[i].index, cursor.GetIndex());
+            EXPECT_EQ(walk.steps[i].row, cursor.GetRow());
+            EXPECT_EQ(walk.steps[i].top, cursor.GetTop());
+            EXPECT_EQ(walk.steps[i].redraw != 0, moved);
+        }
     }
-}
-
-TEST(Cursor, MoveUpWrapsToTheLastItemOnTheLastRowOrBelowAShortList)
-{
-    CCursor cursor;
-    cursor.SetRowRange(1, 4);
-    cursor.SetItemCount(6);
-    const Pos_t steps[] = {{5, 4, 2, true},  {4, 3, 2, false}, {3, 2, 2, false},
-                           {2, 1, 2, false}, {1, 1, 1, true},  {0, 1, 0, true}};
-    for (int i = 0; i < 6; ++i) {
-        const bool moved = cursor.MoveUp();
-        ExpectAt(cursor, steps[i], moved, i);
-    }
-
-    CCursor shortList;
-    shortList.SetRowRange(1, 4);
-    shortList.SetItemCount(2);
-    ExpectAt(shortList, {1, 2, 0, false}, shortList.MoveUp(), 0);
-    EXPECT_EQ(2, shortList.GetVisibleCount());
-    ExpectAt(shortList, {0, 1, 0, false}, shortList.MoveDown(), 1);
 }
 
 TEST(Cursor, ScrollModeMovesOnlyTheTopAndDrawsNothing)
@@ -77,18 +70,6 @@ TEST(Cursor, ScrollModeMovesOnlyTheTopAndDrawsNothing)
     cursor.SetMode(CCursor::MODE_NO_DRAW);
     cursor.Draw();
     EXPECT_EQ(std::string(150, ' '), display.GetCurrentWindow()->GetBuffer());
-}
-
-TEST(Cursor, EmptyListStaysPut)
-{
-    CCursor cursor;
-    cursor.SetRowRange(1, 4);
-    cursor.SetItemCount(0);
-    EXPECT_FALSE(cursor.MoveDown());
-    EXPECT_FALSE(cursor.MoveUp());
-    EXPECT_EQ(0, cursor.GetIndex());
-    EXPECT_EQ(1, cursor.GetRow());
-    EXPECT_EQ(0, cursor.GetVisibleCount());
 }
 
 TEST(Cursor, ItemCountAndIndexKeepTheAreaConsistent)

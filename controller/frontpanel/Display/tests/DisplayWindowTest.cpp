@@ -5,6 +5,7 @@
 
 #include "Display/DisplayWindow.h"
 #include "Display/TextAdjustment.h"
+#include "WindowOnlyDisplay.h"
 
 namespace {
 
@@ -80,40 +81,35 @@ TEST(DisplayWindow, PutCharKeepsTheCursorAndBadRowsReadAsRowZero)
     EXPECT_EQ(window.GetLine(0), window.GetLine(-1));
 }
 
-TEST(TextAdjustment, AlignmentsInsertSpacesAndPadToThirtyCharacters)
+// Each alignment inserts spaces before the text and pads it to the panel's 30 characters,
+// whatever the width it aligns within; a text longer than that is never cut.
+TEST(TextAdjustment, AlignmentsInsertSpacesAndPadToThePanel)
 {
-    CTextAdjustment adjust(30);
-    std::string text = "abc";
-    EXPECT_EQ(13, adjust.Centre(text, 0));
-    EXPECT_EQ(std::string(13, ' ') + "abc" + std::string(14, ' '), text);
-
-    text = std::string(40, 'y');
-    EXPECT_EQ(0, adjust.Centre(text, 2));
-    EXPECT_EQ("  " + std::string(40, 'y'), text);  // never cut, never padded past 30
-
-    text = "abc";
-    EXPECT_EQ(27, adjust.AlignRight(text, 0));
-    EXPECT_EQ(std::string(27, ' ') + "abc", text);
-
-    text = "abc";
-    EXPECT_EQ(27, adjust.AlignRight(text, -30));  // negative sum: nothing inserted
-    EXPECT_EQ("abc" + std::string(27, ' '), text);
-
-    text = "abc";
-    EXPECT_EQ(0, adjust.AlignLeft(text, 2));
-    EXPECT_EQ("  abc" + std::string(25, ' '), text);
-
-    text = "abc";
-    adjust.Centre(text, -3);  // the title correction: 13 - 3 spaces
-    EXPECT_EQ(std::string(10, ' ') + "abc" + std::string(17, ' '), text);
-}
-
-TEST(TextAdjustment, PaddingFollowsThePanelNotTheWidth)
-{
-    CTextAdjustment narrow(10);
-    std::string text = "ab";
-    EXPECT_EQ(4, narrow.Centre(text, 0));
-    EXPECT_EQ(std::string(4, ' ') + "ab" + std::string(24, ' '), text);
+    typedef Qb::int32 (CTextAdjustment::*Align)(std::string&, Qb::int32);
+    const struct {
+        int width;
+        Align align;
+        std::string text;
+        int offset;
+        int returned;
+        std::string aligned;
+    } cases[] = {
+        {30, &CTextAdjustment::Centre, "abc", 0, 13, std::string(13, ' ') + "abc" + std::string(14, ' ')},
+        {30, &CTextAdjustment::Centre, std::string(40, 'y'), 2, 0, "  " + std::string(40, 'y')},
+        // The title's correction moves the text but not the gap returned.
+        {30, &CTextAdjustment::Centre, "abc", -3, 13, std::string(10, ' ') + "abc" + std::string(17, ' ')},
+        {30, &CTextAdjustment::AlignRight, "abc", 0, 27, std::string(27, ' ') + "abc"},
+        {30, &CTextAdjustment::AlignRight, "abc", -30, 27, "abc" + std::string(27, ' ')},  // nothing inserted
+        {30, &CTextAdjustment::AlignLeft, "abc", 2, 0, "  abc" + std::string(25, ' ')},
+        {10, &CTextAdjustment::Centre, "ab", 0, 4, std::string(4, ' ') + "ab" + std::string(24, ' ')},
+    };
+    for (const auto& c : cases) {
+        CTextAdjustment adjust(c.width);
+        std::string text = c.text;
+        const int returned = (adjust.*c.align)(text, c.offset);
+        EXPECT_EQ(c.aligned, text) << c.text << " by " << c.offset;
+        EXPECT_EQ(c.returned, returned) << c.text << " by " << c.offset;
+    }
 }
 
 TEST(TextAdjustment, SplitKeepsInnerEmptyPiecesLikeGetline)
@@ -144,6 +140,49 @@ TEST(TextAdjustment, WrapKeepsLinesOneShortOfTheMaximum)
     EXPECT_EQ(1, adjust.Wrap("x/y/z", lines, 10, '/'));
     EXPECT_EQ("x/y/z", lines[0]);
     EXPECT_EQ(0, adjust.Wrap("", lines, 10, ' '));
+}
+
+TEST(Display, CentredTitleMovesLeftOnlyThroughTheTextOverload)
+{
+    CWindowOnlyDisplay display;
+    std::string title = "Setup";
+    display.WriteAligned(title, 0, ALIGN_CENTRE, 0);
+    EXPECT_EQ(std::string(9, ' ') + "Setup", display.Row(0).substr(0, 14));
+    EXPECT_EQ(30u, title.size());  // aligned in place
+
+    display.WriteAligned("Setup", 0, ALIGN_CENTRE, 0);
+    EXPECT_EQ(std::string(12, ' ') + "Setup", display.Row(0).substr(0, 17));
+
+    // Away from the title row both overloads agree, centred or right-aligned.
+    for (int alignment : {ALIGN_CENTRE, ALIGN_RIGHT}) {
+        std::string text = "Setup";
+        display.WriteAligned(text, 2, alignment, 0);
+        display.WriteAligned("Setup", 3, alignment, 0);
+        EXPECT_EQ(display.Row(2), display.Row(3)) << alignment;
+    }
+    EXPECT_EQ(std::string(25, ' ') + "Setup", display.Row(3));
+}
+
+TEST(Display, WriteWrappedFillsConsecutiveRowsFromTheFirstRow)
+{
+    CWindowOnlyDisplay display;
+    const std::string text = "The quick brown fox jumps over the lazy dog twice";
+    EXPECT_EQ(2, display.WriteWrapped(text, 2, 0, 0, ' '));
+    // A line reaching the full 30 characters wraps already.
+    EXPECT_EQ("The quick brown fox jumps     ", display.Row(2));
+    EXPECT_EQ("over the lazy dog twice       ", display.Row(3));
+    EXPECT_EQ(std::string(30, ' '), display.Row(1));
+
+    // An offset narrows the lines and indents them.
+    CWindowOnlyDisplay indented;
+    EXPECT_EQ(3, indented.WriteWrapped(text, 1, 0, 10, ' '));
+    EXPECT_EQ(std::string(10, ' ') + "The quick brown fox ", indented.Row(1));
+    EXPECT_EQ(std::string(10, ' ') + "dog twice", indented.Row(3).substr(0, 19));
+
+    // Below the panel nothing is written, but the lines are still counted.
+    CWindowOnlyDisplay below;
+    EXPECT_EQ(2, below.WriteWrapped(text, 5, 0, 0, ' '));
+    EXPECT_EQ(std::string(150, ' '), below.GetCurrentWindow()->GetBuffer());
 }
 
 }  // namespace

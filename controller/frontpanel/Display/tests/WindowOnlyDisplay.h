@@ -15,4 +15,5 @@ public:
     void SetRightIndicators(Qb::int32) override {}
     void SetLeftIndicators(Qb::int32) override {}
     char At(int row, int column) const { return GetCurrentWindow()->GetLine(row)[column]; }
+    std::string Row(int row) const { return std::string(GetCurrentWindow()->GetLine(row), 30); }
 };

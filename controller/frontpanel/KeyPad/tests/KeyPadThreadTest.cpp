@@ -45,45 +45,43 @@ protected:
     bool m_bFinished = false;
 };
 
-TEST_F(KeyPadThreads, ShortPressGivesOneEventAndNoRepeat)
+// A key released before the hold threshold gives one event; held longer, it repeats at most
+// once per silent pass, each repeat announced first without a line end. The press arrives
+// after a foreign frame, restarted by a second start byte, all in one chunk.
+class KeyPadPress : public KeyPadThreads, public ::testing::WithParamInterface<bool> {};
+
+TEST_P(KeyPadPress, RepeatsOncePerSilentPassOnlyWhenHeld)
 {
-    // A foreign frame, then a key report restarted by a second start byte, in one chunk.
+    const bool held = GetParam();
+    const Qb::uint32 start = Qb::TickMs();
     panel.Send({0x09, 'J', 0x7E, 0x09, 'K', 0x09, 'K', KEY_RIGHT, KEY_STATE_DOWN, 0x7E});
-    Qb::CThread::Sleep(300);
+    if (held)
+        ASSERT_TRUE(recorder.WaitFor(4));  // the press and three repeats
+    else
+        Qb::CThread::Sleep(300);
     panel.Key(KEY_RIGHT, KEY_STATE_UP);
-    Qb::CThread::Sleep(400);  // room for a wrong repeat or release event
-    std::string out = Finish();
-    EXPECT_EQ("KEY RIGHT Down,", recorder.Events());
+    const int heldMs = int(Qb::TickMs() - start);
+    Qb::CThread::Sleep(held ? 0 : 400);  // room for a wrong repeat or release event
+    const std::string out = Finish();
+
+    const std::string events = recorder.Events();
+    EXPECT_TRUE(std::regex_match(
+        events, std::regex(held ? "KEY RIGHT Down,(KEY RIGHT Down\\+,){3}(KEY RIGHT Down\\+?,)*"
+                                : "KEY RIGHT Down,")))
+        << events;
     EXPECT_TRUE(std::regex_match(out, std::regex("Key: RIGHT, State: Down, Tick: [0-9]+\n"
+                                                 "(HOLD STATE: time: [0-9]+ button: RIGHT)*"
                                                  "Key: RIGHT, State: Up, Tick: [0-9]+\n")))
         << out;
-    EXPECT_NE(std::string::npos, log.Text().find("ProcessData Received Unhandled Payload Identifier:J\n"));
-}
-
-TEST_F(KeyPadThreads, HeldKeyRepeatsOncePerSilentPassAfterTheThreshold)
-{
-    Qb::uint32 start = Qb::TickMs();
-    panel.Key(KEY_LEFT, KEY_STATE_DOWN);
-    ASSERT_TRUE(recorder.WaitFor(4));  // the press and three repeats
-    panel.Key(KEY_LEFT, KEY_STATE_UP);
-    int held = int(Qb::TickMs() - start);
-    std::string out = Finish();
-
-    std::string events = recorder.Events();
-    EXPECT_TRUE(
-        std::regex_match(events, std::regex("KEY LEFT Down,(KEY LEFT Down\\+,){3}(KEY LEFT Down\\+?,)*")))
-        << events;
-    // Each repeat is announced first, without a line end; at most one repeat per silent pass.
-    EXPECT_TRUE(std::regex_match(out, std::regex("Key: LEFT, State: Down, Tick: [0-9]+\n"
-                                                 "(HOLD STATE: time: [0-9]+ button: LEFT)+"
-                                                 "Key: LEFT, State: Up, Tick: [0-9]+\n")))
-        << out;
-    int repeats = int(std::count(events.begin(), events.end(), ',')) - 1;
+    const int repeats = int(std::count(events.begin(), events.end(), ',')) - 1;
     std::regex announcement("HOLD STATE");
     EXPECT_EQ(repeats, std::distance(std::sregex_iterator(out.begin(), out.end(), announcement),
                                      std::sregex_iterator()));
-    EXPECT_LE(repeats, (held - CTavKeyPad::kHoldMs) / CTavKeyPad::kReadTimeoutMs + 2) << held << " ms";
+    EXPECT_LE(repeats, (heldMs - CTavKeyPad::kHoldMs) / CTavKeyPad::kReadTimeoutMs + 2) << heldMs << " ms";
+    EXPECT_NE(std::string::npos, log.Text().find("ProcessData Received Unhandled Payload Identifier:J\n"));
 }
+
+INSTANTIATE_TEST_SUITE_P(ShortOrHeld, KeyPadPress, ::testing::Bool());
 
 TEST_F(KeyPadThreads, CombinationDownUntilOneKeyIsLeft)
 {
@@ -117,7 +115,8 @@ TEST_F(KeyPadThreads, ANewPanelEndsTheOldOnesKeysAndIsAnnounced)
         Qb::CThread::Sleep(20);
     EXPECT_EQ(1, reconnects.load());
     Finish();
-    EXPECT_TRUE(std::regex_search(recorder.Events(), std::regex("COMBO_UP [0-9]*\\+?,(KEY [A-Z]+ Down\\+?,)*$")))
+    EXPECT_TRUE(
+        std::regex_search(recorder.Events(), std::regex("COMBO_UP [0-9]*\\+?,(KEY [A-Z]+ Down\\+?,)*$")))
         << recorder.Events();
     EXPECT_EQ(KeyStateTable_t({{0, 2}, {1, 2}, {2, 2}, {3, 2}, {4, 2}, {5, 2}, {6, 2}}), pad.KeyStates());
 }
