@@ -16,6 +16,7 @@
 #include <initializer_list>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "Golden.h"
 #include "PanelRig.h"
@@ -32,6 +33,9 @@ inline KeyPress_t Key(int code, int state = KEY_STATE_DOWN)
 {
     return KeyPress_t{code, state};
 }
+// Keys written as letters: L U R D, X for EXIT, E for ENTER; a count before a letter repeats
+// it ("E11RUE").
+std::vector<int> KeyCodes(const std::string& keys);
 // Polls `done` until it holds or `ms` pass (events and timers run on their own threads).
 bool WaitUntil(const std::function<bool()>& done, int ms = 5000);
 // Row r of a panel dump (without the bars), blanks at the end dropped.
@@ -53,6 +57,7 @@ protected:
     // Key presses as the keypad dispatches them, `times` over.
     void Press(int key, int times = 1) { Press({key}, times); }
     void Press(std::initializer_list<int> keys, int times = 1);
+    void PressKeys(const std::string& keys);
     std::string Current() { return m_pManager->GetCurrentName(); }
     std::string Panel() { return m_rig.Dump(); }
     ::testing::AssertionResult PanelMatches(const std::string& golden)
@@ -64,7 +69,6 @@ protected:
     void UseClient(CTavClient* pClient);
 
 private:
-
     CPanelRig m_rig;
     std::unique_ptr<Zor::CZorClient> m_pZor;
     std::unique_ptr<CTavClient> m_pClient;
