@@ -1,5 +1,5 @@
-// Small helpers shared by the line tests: key events, key sequences, and a recorder of the
-// writes the controller reports for one object.
+// Small helpers shared by the line tests: key events, key sequences, tables of edit steps,
+// and a recorder of the writes the controller reports for one object.
 #pragma once
 
 #include <algorithm>
@@ -10,6 +10,7 @@
 
 #include "Client/TavClient.h"
 #include "KeyPad/KeyPress.h"
+#include "Lines/EntryLine.h"
 #include "Lines/GenericLine.h"
 #include "PanelTest.h"
 #include "Zor/Zor.h"
@@ -18,21 +19,39 @@ namespace LineTest {
 
 using PanelTest::Key;
 
-// Presses each key of `keys` in turn: L, R, U, D, X (EXIT), E (ENTER); returns the last answer.
+// Presses the keys (as PanelTest::KeyCodes reads them: "ERRU", "8R"); returns the last answer.
 inline bool Keys(CGenericLine& line, const std::string& keys)
 {
     bool editing = line.IsEditing();
-    for (char c : keys) {
-        int code = c == 'L'   ? KEY_LEFT
-                   : c == 'R' ? KEY_RIGHT
-                   : c == 'U' ? KEY_UP
-                   : c == 'D' ? KEY_DOWN
-                   : c == 'X' ? KEY_EXIT
-                   : c == 'E' ? KEY_ENTER
-                              : KEY_NONE;
+    for (int code : PanelTest::KeyCodes(keys))
         editing = line.HandleKey(Key(code));
-    }
     return editing;
+}
+
+// One step of an edit: its keys, then the value the line reports; when given (0 or 1),
+// whether it is still editing (the last key's answer too) and, for an entry line, whether the
+// edit was refused.
+struct Step {
+    const char* keys;
+    std::string value;
+    int editing = -1;
+    int refused = -1;
+};
+
+inline void Steps(CGenericLine& line, std::initializer_list<Step> steps)
+{
+    for (const Step& step : steps) {
+        SCOPED_TRACE(std::string("keys \"") + step.keys + "\" to " + step.value);
+        const bool answer = Keys(line, step.keys);
+        EXPECT_EQ(step.value, line.GetValue());
+        if (step.editing >= 0) {
+            EXPECT_EQ(step.editing == 1, answer);
+            EXPECT_EQ(step.editing == 1, line.IsEditing());
+        }
+        if (step.refused >= 0) {
+            EXPECT_EQ(step.refused == 1, dynamic_cast<CEntryLine&>(line).WasRefused());
+        }
+    }
 }
 
 // Every value the controller reports for name.instance after subscribing. Writes are
