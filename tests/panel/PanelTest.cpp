@@ -26,6 +26,16 @@ std::vector<int> KeyCodes(const std::string& keys)
     return codes;
 }
 
+KeyStateTable_t KeyStates(const std::vector<int>& down)
+{
+    KeyStateTable_t keys;
+    for (int key = KEY_NONE; key < KEY_COUNT; ++key)
+        keys[key] = KEY_STATE_UP;
+    for (int key : down)
+        keys[key] = KEY_STATE_DOWN;
+    return keys;
+}
+
 bool WaitUntil(const std::function<bool()>& done, int ms)
 {
     auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(ms);

@@ -21,6 +21,7 @@
 #include "Golden.h"
 #include "PanelRig.h"
 #include "ScreenManager/TavScreenManager.h"
+#include "TestScreens.h"
 
 class CTavClient;
 namespace Zor {
@@ -36,6 +37,8 @@ inline KeyPress_t Key(int code, int state = KEY_STATE_DOWN)
 // Keys written as letters: L U R D, X for EXIT, E for ENTER; a count before a letter repeats
 // it ("E11RUE").
 std::vector<int> KeyCodes(const std::string& keys);
+// The key-state table with these keys down and the others up.
+KeyStateTable_t KeyStates(const std::vector<int>& down);
 // Polls `done` until it holds or `ms` pass (events and timers run on their own threads).
 bool WaitUntil(const std::function<bool()>& done, int ms = 5000);
 // Row r of a panel dump (without the bars), blanks at the end dropped.
@@ -53,6 +56,14 @@ protected:
     CTavScreenManager& Manager() { return *m_pManager; }
     CPanelRig& Rig() { return m_rig; }
     void Add(CScreen* pScreen, const std::string& name) { m_pManager->AddScreen(pScreen, name); }
+    // A screen of rows, added under its title.
+    CTableScreen* AddTable(const std::string& name, const std::string& parent, const std::vector<Row_t>& rows,
+                           const std::string& style = "Menu Style Basic")
+    {
+        CTableScreen* pScreen = new CTableScreen(name, parent, rows, style);
+        Add(pScreen, name);
+        return pScreen;
+    }
     void Show(const std::string& name) { m_pManager->ShowScreenLocked(name); }
     // Key presses as the keypad dispatches them, `times` over.
     void Press(int key, int times = 1) { Press({key}, times); }
