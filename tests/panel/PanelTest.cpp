@@ -15,6 +15,8 @@ std::vector<int> KeyCodes(const std::string& keys)
     std::vector<int> codes;
     int times = 0;
     for (char c : keys) {
+        if (c == ' ')
+            continue;
         if (c >= '0' && c <= '9') {
             times = times * 10 + (c - '0');
             continue;

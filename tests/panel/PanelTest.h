@@ -35,7 +35,7 @@ inline KeyPress_t Key(int code, int state = KEY_STATE_DOWN)
     return KeyPress_t{code, state};
 }
 // Keys written as letters: L U R D, X for EXIT, E for ENTER; a count before a letter repeats
-// it ("E11RUE").
+// it ("E11RUE"); blanks only separate.
 std::vector<int> KeyCodes(const std::string& keys);
 // The key-state table with these keys down and the others up.
 KeyStateTable_t KeyStates(const std::vector<int>& down);
