@@ -104,15 +104,6 @@ TEST_F(ClockLinePanelTest, BoundLinesWriteTheObjectsFormatOnlyWhenAccepted)
     ASSERT_EQ(1u, writes.size());
     EXPECT_EQ("11/22/2027 ", writes[0].substr(0, 11));
     EXPECT_EQ(19u, writes[0].size()) << "with the clock's time as it was when written";
-
-    LineTest::CWriteRecorder interval(pClient, "inputSwitchOverInterval", ".1.1");
-    CLineNumber number(4, 0, 0, 300);
-    number.SetClient(pClient);
-    number.BindObject("inputSwitchOverInterval", ".1.1");
-    number.RefreshValue();
-    Keys(number, "ERRUE");  // 0005 -> 0015
-    EXPECT_EQ((std::vector<std::string>{"15"}), interval.WritesBefore("5"))
-        << "the zero-padded text is taken as the number it reads";
 }
 
 TEST_F(ClockLinePanelTest, AddressEditingShowsGroupsAndTheRemoveStop)

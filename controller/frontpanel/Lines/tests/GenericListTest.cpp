@@ -27,6 +27,8 @@ TEST(GenericList, HiddenEntriesAreNeverOfferedAndEditsWrap)
     // No entries: the edit is taken, UP and DOWN change nothing, ENTER ends it.
     Steps(list, {{"", ""}, {"UDE", "", 1}, {"UDE", "", 0}});
     Fill(list, {"A", "B", "C", "D", "E"});
+    int commits = 0;
+    list.SetCommitHandler([&](CGenericList&) { ++commits; });
     EXPECT_TRUE(list.HideEntry(1));
     EXPECT_TRUE(list.HideEntry(3));
     EXPECT_FALSE(list.HideEntry(3));
@@ -41,6 +43,7 @@ TEST(GenericList, HiddenEntriesAreNeverOfferedAndEditsWrap)
                     {"E", "C", 0},
                 });
     EXPECT_EQ(2, list.GetCommittedIndex());
+    EXPECT_EQ(1, commits) << "ENTER commits, EXIT does not";
 
     EXPECT_FALSE(list.SetValue("D")) << "a hidden entry";
     EXPECT_FALSE(list.SetValue("c")) << "texts compare exactly";

@@ -1,5 +1,5 @@
-// Text entry: character sets, the scrolling cursor, commit and abandon, and the one write
-// that ENTER makes through a real menu screen.
+// Text entry: character sets, the scrolling cursor, commit and abandon (what ENTER and EXIT
+// write is tested on the screens over unitd).
 #include <gtest/gtest.h>
 
 #include "LineTestKit.h"
@@ -132,33 +132,4 @@ TEST_F(StringLinePanelTest, EditingShowsTheFieldWithTheCursorHighlighted)
     scrolled.Draw(3);
     display.RedrawWindow();
     EXPECT_PANEL("lines_string_idle_and_scrolled");
-}
-
-TEST_F(StringLinePanelTest, EnterWritesTheValueOnceAndExitWritesNothing)
-{
-    CTavClient* pClient = Client();
-    LineTest::CWriteRecorder writes(pClient, "unitAlias", ".0");
-    CGenericStringLine* pLine = new CGenericStringLine(12, 4);
-    pLine->BindObject("unitAlias", ".0");
-    Add(new PanelTest::CTableScreen("Unit", "No Screen", {{"Alias: ", "", true, pLine}}), "Unit");
-    Show("Unit");
-    EXPECT_EQ("Uplink IRD 3", pLine->GetValue()) << "the screen shows the controller's value";
-
-    for (int key : {KEY_ENTER, KEY_UP, KEY_EXIT})
-        Press(key);
-    EXPECT_EQ("Unit", Current()) << "EXIT ends the edit, not the screen";
-    EXPECT_TRUE(writes.WritesBefore("Rack 7").empty()) << "EXIT writes nothing";
-
-    for (int key : {KEY_ENTER, KEY_UP, KEY_ENTER})
-        Press(key);
-    EXPECT_EQ((std::vector<std::string>{"Vplink IRD 3"}), writes.WritesBefore("Rack 8"))
-        << "ENTER writes the edited value, once";
-
-    const std::string wide = "Uplink IRD 3 rack 8";  // wider than the line's 12
-    EXPECT_TRUE(writes.WritesBefore(wide).empty());
-    pLine->RefreshValue();
-    for (int key : {KEY_ENTER, KEY_ENTER})
-        Press(key);
-    EXPECT_EQ((std::vector<std::string>{wide}), writes.WritesBefore("Rack 9"))
-        << "confirmed unchanged, the value goes back whole";
 }
