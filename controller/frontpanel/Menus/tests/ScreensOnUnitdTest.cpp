@@ -42,10 +42,9 @@ const Scenario kScenarios[] = {
          // Inputs are offered by label and written by id, in the order the unit lists them.
          {"Input Select Config", "EUE", "inputPrimarySrc.1.1=301", "Primary: DVB-S2 Slot 3"},
          {"", "2DEUE", "inputFailoverTrigger.1.1=Decode Failure", ""},
-         {"", "2DEUE", "inputSwitchOverInterval.1.1=105",
-          "Switchover: 105 Sec"},  // "005"
-                                   // A usual local oscillator is written as the port's offset; "User" writes
-                                   // nothing.
+         // A number typed over its leading zeros ("005").
+         {"", "2DEUE", "inputSwitchOverInterval.1.1=105", "Switchover: 105 Sec"},
+         // A usual local oscillator is written as the port's offset; "User" writes nothing.
          {"DVB-S2 1", "3DEUE", "dvbs2inConnLoOffset.2.1=10750", ""},
          {"", "EUUE", "", ">LO Offset Mode: 10750"},
          // The ISI is offered once multistream is on, among the ISIs this card found.
@@ -93,11 +92,11 @@ const Scenario kScenarios[] = {
          {"Source ID Config", "EUE", "ancoptSourceIdLookupMode.1.1=Manual", "Manual ID: NEWS24"},
          // A text, a number with its unit, a hexadecimal identifier.
          {"", "DEUE", "ancoptSourceIdManualSourceId.1.1=OEWS24", ""},
+         {"", "EUX", "", "Manual ID: OEWS24"},  // EXIT abandons the edit and writes nothing
          {"General Configuration", "EUE", "scte35srvHeartbeatTimeout.1.1=15", "Heartbeat Timeout: 15 min"},
          {"Trigger 2", "3DEUE", "dpicueEventId.2.1=5000002A", ""},
-         // EXIT abandons an edit and writes nothing.
-         {"Timecode Configuration", "EUX", "", ""},
-         // A long list scrolls to its last line and back.
+         {"Timecode Configuration", "EUX", "", ""},  // a list's too
+                                                     // A long list scrolls to its last line and back.
          {"ANC Status", "13D", "", ">Time Code: Present; !AFD:"},
          {"", "13U", "", ">AFD: Code 10"},
          // The second output offers only the formats it can put out: six, 1080p 23.98 not.
@@ -137,9 +136,8 @@ const Scenario kScenarios[] = {
     {"Admin",
      "full.json",
      {
-         {"Admin", "UEUE", "unitUidLed.0=Enabled",
-          "Enable UID: Enabled"},  // the last line
-                                   // The lock entry is named after the mode.
+         // The last line, and the lock entry named after the mode.
+         {"Admin", "UEUE", "unitUidLed.0=Enabled", "Enable UID: Enabled"},
          {"Home; frontpanelLockMode.0=2", "", "", ""},
          {"Admin", "6U", "", "Unlock Front Panel"},
          // A value the unit refuses is not kept, and the panel says why for a moment.
@@ -165,8 +163,8 @@ const Scenario kScenarios[] = {
          {"Configure Network", "DEUEUUE", "tcpipNewIpMode.0=Enabled; tcpipApplyNew.0=true",
           "Gateway: 10.20.4.1 (Busy)"},
          {"", "", "", "!(Busy)"},
-         {"", "X", "", ""},  // nothing left to discard
-                             // Resetting all settings asks first: "No" is offered first and changes nothing.
+         {"", "X", "", ""},
+         // Resetting all settings asks first: "No" is offered first and changes nothing.
          {"Admin", "3UE", "", "on:Reset All Settings"},
          {"", "E", "", "on:Admin"},
          {"Reset All Settings", "LE", "utilityResetSettings.0=true; utilityRebootUnit.0=true", ""},
@@ -184,9 +182,8 @@ const Scenario kScenarios[] = {
          // received). Srv 7 out, the third received one in: nothing is written until saved.
          {"DVB-CI(Top) Config Srvs", "2DEEUUUE", "", "Srv 3 Weather Channel"},
          {"", "X", "", "panel:dvbci_save_question"},
-         {"", "RE", "",
-          "on:DVB-CI(Top)"},  // "No"
-                              // The same again, saved: the row that goes and the new one, in one go.
+         {"", "RE", "", "on:DVB-CI(Top)"},
+         // The same again, saved ("Yes"): the row that goes and the new one, in one go.
          {"DVB-CI(Top) Config Srvs", "", "", "Srv 7 (Not Present)"},
          {"", "2DEEUUUEXE",
           "camselectedserviceRowStatus.1.3=6; camselectedserviceRowStatus.1.4=4; "
@@ -245,13 +242,8 @@ const Scenario kScenarios[] = {
     {"LockModes",
      "full.json",
      {
-         // The lock screen writes only what the user confirms: "None" nothing, "Lock Panel"
-         // once, with its message up for the whole pause; a wrong password nothing.
-         {"Lock/Unlock Front Panel", "EE", "", ""},
-         {"", "EUE", "frontpanelLockMode.0=2", "while:Panel Locked; takes:1500"},
-         {"", "EUE", "", "Unlock Panel"},
          // Locked: the arrows, the menus reachable, EXIT stays on the home page.
-         {"Home", "X", "", "@|; on:Home"},
+         {"frontpanelLockMode.0=2; Home Main; Home", "X", "", "@|; on:Home"},
          {"", "L", "", "on:Home Main"},
          // Disabled: no arrows, the disabled glyph, and no key leaves the home page.
          {"frontpanelLockMode.0=3; Home", "", "", "panel:home_panel_disabled"},
@@ -271,20 +263,25 @@ const Scenario kScenarios[] = {
           "while:Password is too short.; while:panel:lock_message_too_short"},
          {"", "E2UR3UR4UE", "frontpanelPassword.0=123",
           "while:Set Panel Password Success; panel:lock_mode_choice"},
-         // "None" writes nothing; "Lock Panel" locks, and settings cannot be edited then.
+         // "None" writes nothing; "Lock Panel" locks, its message up for the whole pause, and
+         // settings cannot be edited then.
          {"", "EE", "", ""},
-         {"", "EUE", "frontpanelLockMode.0=2", "while:Panel Locked; Unlock Panel"},
+         {"", "EUE", "frontpanelLockMode.0=2", "while:Panel Locked; takes:1500; Unlock Panel"},
          {"Configure Network", "DEUE", "", "|#"},
-         // A wrong password changes nothing; the right one unlocks.
-         {"Lock/Unlock Front Panel", "E2UR3UR5UE", "", "while:Invalid Password; while:Please try again."},
+         // A wrong password, shorter or of the same length, changes nothing; the right one
+         // unlocks.
+         {"Lock/Unlock Front Panel", "E2UE", "", "while:Invalid Password"},
+         {"", "E2UR3UR5UE", "", "while:Invalid Password; while:Please try again."},
          {"", "E2UR3UR4UE", "frontpanelLockMode.0=1", "while:Panel Unlocked"},
          // Disabled: the home page keeps ENTER; EXIT from the lock screen goes home.
          {"", "EUUE", "frontpanelLockMode.0=3", "while:Panel Disabled"},
          {"Home", "E", "", "on:Home"},
          {"Lock/Unlock Front Panel", "X", "", "on:Home"},
-         // Unlocked, the password is changed: a wrong old one, a new one too short, then done.
+         // Unlocked, the home page drops the disabled glyph for its arrows; the password is
+         // changed: a wrong old one, a new one too short, then done.
          {"Lock/Unlock Front Panel", "E2UR3UR4UE", "frontpanelLockMode.0=1", ""},
-         {"", "DE", "", "on:Change Panel Password"},
+         {"Home", "", "", "!|!; ~$@|"},
+         {"Lock/Unlock Front Panel", "DE", "", "on:Change Panel Password"},
          {"", "E10UR10UR10UE D E5UR6UR7UE", "", "while:Invalid Password"},
          {"", "U E2UR3UR4UE D E5UR6UE", "", "while:Password is too short."},
          {"", "E5UR6UR7UE", "frontpanelPassword.0=456",
