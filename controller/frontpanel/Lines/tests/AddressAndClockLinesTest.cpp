@@ -1,5 +1,6 @@
 // The address, date and time lines: digit-by-digit editing over fixed separators, refusal
-// of values that are not real, and what reaches the controller.
+// of values that are not real (what reaches the controller is tested on the screens over
+// unitd).
 #include <gtest/gtest.h>
 
 #include "LineTestKit.h"
@@ -74,37 +75,6 @@ TEST(ClockLines, DatesAndTimesMustBeRealAndKeepTheOtherHalf)
 }
 
 class ClockLinePanelTest : public PanelTest::CPanelTest {};
-
-TEST_F(ClockLinePanelTest, BoundLinesWriteTheObjectsFormatOnlyWhenAccepted)
-{
-    CTavClient* pClient = Client();
-    // A clock set by hand, so the unit takes written times and ticks on from a known day.
-    ASSERT_TRUE(pClient->SendData("datetimeUpdateMode", ".0", "Manual"));
-    ASSERT_TRUE(pClient->SendData("datetimeNow", ".0", "11/22/2026 09:30:00"));
-    LineTest::CWriteRecorder clock(pClient, "datetimeNow", ".0");
-    // The unit's clock ticks by writing the object too: keep only what differs from its day.
-    const std::string today = "11/22/2026 ";
-    auto ours = [&](const std::vector<std::string>& values) {
-        std::vector<std::string> kept;
-        for (const std::string& value : values)
-            if (value.compare(0, today.size(), today) != 0)
-                kept.push_back(value);
-        return kept;
-    };
-    CGenericDateLine date;
-    date.SetClient(pClient);
-    date.BindObject("datetimeNow", ".0");
-    date.RefreshValue();
-    Keys(date, "EUE");  // month 11 -> 21: refused
-    EXPECT_TRUE(ours(clock.WritesBefore(today + "08:00:00")).empty());
-
-    date.RefreshValue();
-    Keys(date, "ERRRRRRRUE");  // 2026 -> 2027
-    std::vector<std::string> writes = ours(clock.WritesBefore(today + "08:00:01"));
-    ASSERT_EQ(1u, writes.size());
-    EXPECT_EQ("11/22/2027 ", writes[0].substr(0, 11));
-    EXPECT_EQ(19u, writes[0].size()) << "with the clock's time as it was when written";
-}
 
 TEST_F(ClockLinePanelTest, AddressEditingShowsGroupsAndTheRemoveStop)
 {
