@@ -1,5 +1,6 @@
 #include "PanelTest.h"
 
+#include <algorithm>
 #include <chrono>
 #include <sstream>
 #include <thread>
@@ -8,6 +9,34 @@
 #include "Zor/Zor.h"
 
 namespace PanelTest {
+
+std::vector<int> KeyCodes(const std::string& keys)
+{
+    std::vector<int> codes;
+    int times = 0;
+    for (char c : keys) {
+        if (c == ' ')
+            continue;
+        if (c >= '0' && c <= '9') {
+            times = times * 10 + (c - '0');
+            continue;
+        }
+        codes.insert(codes.end(), std::max(times, 1),
+                     KEY_LEFT + static_cast<int>(std::string("LURDXE").find(c)));
+        times = 0;
+    }
+    return codes;
+}
+
+KeyStateTable_t KeyStates(const std::vector<int>& down)
+{
+    KeyStateTable_t keys;
+    for (int key = KEY_NONE; key < KEY_COUNT; ++key)
+        keys[key] = KEY_STATE_UP;
+    for (int key : down)
+        keys[key] = KEY_STATE_DOWN;
+    return keys;
+}
 
 bool WaitUntil(const std::function<bool()>& done, int ms)
 {
@@ -62,6 +91,12 @@ CTavClient* CPanelTest::Client(const std::string& unit)
         UseClient(m_pClient.get());
     }
     return m_pClient.get();
+}
+
+void CPanelTest::PressKeys(const std::string& keys)
+{
+    for (int key : KeyCodes(keys))
+        Press(key);
 }
 
 void CPanelTest::Press(std::initializer_list<int> keys, int times)

@@ -16,10 +16,12 @@
 #include <initializer_list>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "Golden.h"
 #include "PanelRig.h"
 #include "ScreenManager/TavScreenManager.h"
+#include "TestScreens.h"
 
 class CTavClient;
 namespace Zor {
@@ -32,6 +34,11 @@ inline KeyPress_t Key(int code, int state = KEY_STATE_DOWN)
 {
     return KeyPress_t{code, state};
 }
+// Keys written as letters: L U R D, X for EXIT, E for ENTER; a count before a letter repeats
+// it ("E11RUE"); blanks only separate.
+std::vector<int> KeyCodes(const std::string& keys);
+// The key-state table with these keys down and the others up.
+KeyStateTable_t KeyStates(const std::vector<int>& down);
 // Polls `done` until it holds or `ms` pass (events and timers run on their own threads).
 bool WaitUntil(const std::function<bool()>& done, int ms = 5000);
 // Row r of a panel dump (without the bars), blanks at the end dropped.
@@ -49,10 +56,19 @@ protected:
     CTavScreenManager& Manager() { return *m_pManager; }
     CPanelRig& Rig() { return m_rig; }
     void Add(CScreen* pScreen, const std::string& name) { m_pManager->AddScreen(pScreen, name); }
+    // A screen of rows, added under its title.
+    CTableScreen* AddTable(const std::string& name, const std::string& parent, const std::vector<Row_t>& rows,
+                           const std::string& style = "Menu Style Basic")
+    {
+        CTableScreen* pScreen = new CTableScreen(name, parent, rows, style);
+        Add(pScreen, name);
+        return pScreen;
+    }
     void Show(const std::string& name) { m_pManager->ShowScreenLocked(name); }
     // Key presses as the keypad dispatches them, `times` over.
     void Press(int key, int times = 1) { Press({key}, times); }
     void Press(std::initializer_list<int> keys, int times = 1);
+    void PressKeys(const std::string& keys);
     std::string Current() { return m_pManager->GetCurrentName(); }
     std::string Panel() { return m_rig.Dump(); }
     ::testing::AssertionResult PanelMatches(const std::string& golden)
@@ -64,7 +80,6 @@ protected:
     void UseClient(CTavClient* pClient);
 
 private:
-
     CPanelRig m_rig;
     std::unique_ptr<Zor::CZorClient> m_pZor;
     std::unique_ptr<CTavClient> m_pClient;

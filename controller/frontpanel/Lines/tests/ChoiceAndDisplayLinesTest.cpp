@@ -16,15 +16,14 @@ TEST(TwoWayLines, LeftAndRightChooseWithWrapAndEveryKeyAnswersTrue)
 {
     CGenericYesNoLine yesNo;
     EXPECT_EQ("Yes", yesNo.GetValue());
-    EXPECT_TRUE(Keys(yesNo, "R"));
-    EXPECT_EQ("No", yesNo.GetValue());
-    EXPECT_TRUE(Keys(yesNo, "R"));
-    EXPECT_EQ("Yes", yesNo.GetValue()) << "RIGHT on the second wraps to the first";
-    EXPECT_TRUE(Keys(yesNo, "L"));
-    EXPECT_EQ(1, yesNo.GetSelectedIndex()) << "LEFT on the first wraps to the second";
-    EXPECT_TRUE(Keys(yesNo, "UDEX"));
-    EXPECT_EQ("No", yesNo.GetValue()) << "other keys are the menu style's";
-
+    // RIGHT on the second wraps to the first, LEFT on the first to the second; other keys
+    // are the menu style's.
+    const std::pair<const char*, const char*> steps[] = {
+        {"R", "No"}, {"R", "Yes"}, {"L", "No"}, {"UDEX", "No"}};
+    for (const auto& step : steps) {
+        EXPECT_TRUE(Keys(yesNo, step.first)) << step.first;
+        EXPECT_EQ(step.second, yesNo.GetValue()) << step.first;
+    }
     EXPECT_TRUE(yesNo.SetIndex(2)) << "out of range: unchanged, yet true";
     EXPECT_TRUE(yesNo.SetIndex(-1));
     EXPECT_EQ("No", yesNo.GetValue());
@@ -45,21 +44,16 @@ TEST(TwoWayLines, LeftAndRightChooseWithWrapAndEveryKeyAnswersTrue)
 
 TEST(GenericScrollLine, SlidesOverALongTextWithoutEverEditing)
 {
-    // 52 characters from column 1: 23 are out of view.
+    // 52 characters from column 1: 23 are out of view. The end of the text stops at the end
+    // of the row; leaving the row shows its start again.
     CGenericScrollLine line("Input TS Sync Loss - Loc: DVB-S2 Card 2, RF Input 1.");
     EXPECT_TRUE(line.TakesKeysWhileIdle());
     EXPECT_FALSE(Keys(line, "E"));
-    EXPECT_FALSE(Keys(line, "R"));
-    EXPECT_EQ(10, line.GetOffset());
-    Keys(line, "RR");
-    EXPECT_EQ(23, line.GetOffset()) << "the end of the text stops at the end of the row";
-    Keys(line, "R");
-    EXPECT_EQ(23, line.GetOffset());
-    Keys(line, "L");
-    EXPECT_EQ(13, line.GetOffset());
-    Keys(line, "D");
-    EXPECT_EQ(0, line.GetOffset()) << "leaving the row shows its start again";
-
+    const std::pair<const char*, int> steps[] = {{"R", 10}, {"RR", 23}, {"R", 23}, {"L", 13}, {"D", 0}};
+    for (const auto& step : steps) {
+        EXPECT_FALSE(Keys(line, step.first));
+        EXPECT_EQ(step.second, line.GetOffset()) << step.first;
+    }
     CGenericScrollLine shortText("Fan Failure");
     Keys(shortText, "R");
     EXPECT_EQ(0, shortText.GetOffset()) << "a text that fits never moves";

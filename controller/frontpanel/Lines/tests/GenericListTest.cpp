@@ -1,5 +1,5 @@
-// Lists: hidden entries, wrap-around, commit and abandon, the text written to the
-// controller, and the two-row list as the long-list style lays it out.
+// Lists: hidden entries, wrap-around, commit and abandon, and the two-row list as the
+// long-list style lays it out (what a list writes is tested on the screens over unitd).
 #include <gtest/gtest.h>
 
 #include "LineTestKit.h"
@@ -9,7 +9,7 @@
 #include "PanelTest.h"
 #include "TestScreens.h"
 
-using LineTest::Keys;
+using LineTest::Steps;
 
 namespace {
 
@@ -24,31 +24,26 @@ void Fill(CGenericList& list, const std::vector<std::string>& texts)
 TEST(GenericList, HiddenEntriesAreNeverOfferedAndEditsWrap)
 {
     CGenericList list;
-    EXPECT_EQ("", list.GetValue()) << "no entries";
-    EXPECT_TRUE(Keys(list, "UDE")) << "an empty list takes the edit";
-    EXPECT_FALSE(Keys(list, "UDE")) << "UP and DOWN change nothing, ENTER ends it";
-    EXPECT_EQ("", list.GetValue());
+    // No entries: the edit is taken, UP and DOWN change nothing, ENTER ends it.
+    Steps(list, {{"", ""}, {"UDE", "", 1}, {"UDE", "", 0}});
     Fill(list, {"A", "B", "C", "D", "E"});
+    int commits = 0;
+    list.SetCommitHandler([&](CGenericList&) { ++commits; });
     EXPECT_TRUE(list.HideEntry(1));
     EXPECT_TRUE(list.HideEntry(3));
     EXPECT_FALSE(list.HideEntry(3));
-
-    Keys(list, "XEU");
-    EXPECT_EQ("C", list.GetValue()) << "UP goes to the next visible entry";
-    Keys(list, "U");
-    EXPECT_EQ("E", list.GetValue());
-    Keys(list, "U");
-    EXPECT_EQ("A", list.GetValue()) << "UP on the last visible entry shows the first";
-    Keys(list, "D");
-    EXPECT_EQ("E", list.GetValue()) << "DOWN on the first shows the last";
-    Keys(list, "LR");
-    EXPECT_EQ("E", list.GetValue()) << "LEFT and RIGHT do nothing";
-    EXPECT_FALSE(Keys(list, "X"));
-    EXPECT_EQ("A", list.GetValue()) << "EXIT restores the committed entry";
-    Keys(list, "EU");
-    EXPECT_EQ("C", list.GetValue()) << "and the cursor with it";
-    EXPECT_FALSE(Keys(list, "E"));
+    Steps(list, {
+                    {"XEU", "C"},  // UP goes to the next visible entry
+                    {"U", "E"},
+                    {"U", "A"},     // UP on the last visible entry shows the first
+                    {"D", "E"},     // DOWN on the first shows the last
+                    {"LR", "E"},    // LEFT and RIGHT do nothing
+                    {"X", "A", 0},  // EXIT restores the committed entry
+                    {"EU", "C"},    // and the cursor with it
+                    {"E", "C", 0},
+                });
     EXPECT_EQ(2, list.GetCommittedIndex());
+    EXPECT_EQ(1, commits) << "ENTER commits, EXIT does not";
 
     EXPECT_FALSE(list.SetValue("D")) << "a hidden entry";
     EXPECT_FALSE(list.SetValue("c")) << "texts compare exactly";
@@ -56,39 +51,15 @@ TEST(GenericList, HiddenEntriesAreNeverOfferedAndEditsWrap)
     EXPECT_EQ("C", list.GetValue());
     EXPECT_TRUE(list.ShowEntry(3));
     EXPECT_TRUE(list.SetValue("D"));
-    Keys(list, "EDE");
-    EXPECT_EQ("C", list.GetValue()) << "the shown entry is offered again";
+    Steps(list, {{"EDE", "C"}});  // the shown entry is offered again
 
     CGenericList readOnly;
     Fill(readOnly, {"On", "Off"});
     readOnly.SetReadOnly(true);
-    EXPECT_FALSE(Keys(readOnly, "E"));
-    EXPECT_FALSE(readOnly.IsEditing());
+    Steps(readOnly, {{"E", "On", 0}});
 }
 
 class ListPanelTest : public PanelTest::CPanelTest {};
-
-TEST_F(ListPanelTest, EnterWritesTheEntrysControllerTextAndExitNothing)
-{
-    CTavClient* pClient = Client();
-    LineTest::CWriteRecorder writes(pClient, "inputPrimarySrc", ".1.1");
-    CGenericList list;
-    list.AddEntry("ASI", "101");
-    list.AddEntry("DVB-S2 1", "201");
-    list.AddEntry("MPEG/IP 1", "401");
-    list.SetClient(pClient);
-    list.BindObject("inputPrimarySrc", ".1.1");
-    int commits = 0;
-    list.SetCommitHandler([&](CGenericList&) { ++commits; });
-    list.RefreshValue();
-    EXPECT_EQ("DVB-S2 1", list.GetText()) << "the controller's id picks the entry";
-
-    Keys(list, "EUX");
-    EXPECT_TRUE(writes.WritesBefore("201").empty());
-    Keys(list, "EUE");
-    EXPECT_EQ((std::vector<std::string>{"401"}), writes.WritesBefore("201"));
-    EXPECT_EQ(1, commits);
-}
 
 TEST_F(ListPanelTest, TwoRowListInTheLongListStyle)
 {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "Client/TavClient.h"
+#include "LineTestKit.h"
 #include "Lines/GenericDummyLine.h"
 #include "Lines/LineContainer.h"
 #include "Lines/SelectLine.h"
@@ -96,47 +97,31 @@ TEST(LineContainer, OwnsPlacedLinesOnly)
     EXPECT_EQ(4, deleted) << "the container's last line and the caller's own";
 }
 
-TEST(SelectLine, ValueFollowsTheEditCursorAndWraps)
+TEST(SelectLine, ValueFollowsTheEditCursorWrapsAndIsRangeChecked)
 {
     CSelectLine line;
-    EXPECT_EQ("0x85", line.GetValue());
     EXPECT_EQ(6, line.GetIdleHint());
     EXPECT_EQ(1u, line.GetKind());
-
-    EXPECT_TRUE(line.HandleKey(Key(KEY_ENTER)));
-    EXPECT_TRUE(line.HandleKey(Key(KEY_UP)));
-    EXPECT_EQ("0x84", line.GetValue()) << "UP raises the index";
-    line.HandleKey(Key(KEY_UP));
-    EXPECT_EQ("0x85", line.GetValue()) << "UP on the last index wraps to 0";
-    line.HandleKey(Key(KEY_DOWN));
-    EXPECT_EQ("0x84", line.GetValue()) << "DOWN on index 0 wraps to the last";
-
-    EXPECT_FALSE(line.HandleKey(Key(KEY_EXIT)));
-    EXPECT_EQ("0x85", line.GetValue()) << "EXIT drops the pending choice";
-    EXPECT_EQ(0, line.GetSelectedIndex());
-
-    line.HandleKey(Key(KEY_ENTER));
-    line.HandleKey(Key(KEY_DOWN));
-    EXPECT_FALSE(line.HandleKey(Key(KEY_ENTER)));
-    EXPECT_EQ("0x84", line.GetValue());
+    LineTest::Steps(line, {
+                              {"", "0x85"},
+                              {"EU", "0x84", 1},  // UP raises the index
+                              {"U", "0x85", 1},   // UP on the last index wraps to 0
+                              {"D", "0x84", 1},   // DOWN on index 0 wraps to the last
+                              {"X", "0x85", 0},   // EXIT drops the pending choice
+                              {"EDE", "0x84", 0},
+                              {"L", "0x84", 0},
+                          });
     EXPECT_EQ(1, line.GetSelectedIndex());
-    EXPECT_FALSE(line.HandleKey(Key(KEY_LEFT)));
-}
 
-TEST(SelectLine, ReadOnlyNeverEditsAndIndexIsRangeChecked)
-{
-    CSelectLine line;
-    line.SetReadOnly(true);
-    EXPECT_FALSE(line.HandleKey(Key(KEY_ENTER)));
-    EXPECT_FALSE(line.IsEditing());
-
-    EXPECT_FALSE(line.SetIndex(2));
-    EXPECT_FALSE(line.SetIndex(-1));
-    EXPECT_EQ("0x85", line.GetValue());
-    EXPECT_TRUE(line.SetIndex(1));
-    EXPECT_EQ("0x84", line.GetValue());
-    EXPECT_TRUE(line.SetValue("anything"));
-    EXPECT_EQ("0x84", line.GetValue());
+    CSelectLine readOnly;
+    readOnly.SetReadOnly(true);
+    LineTest::Steps(readOnly, {{"E", "0x85", 0}});
+    EXPECT_FALSE(readOnly.SetIndex(2));
+    EXPECT_FALSE(readOnly.SetIndex(-1));
+    EXPECT_EQ("0x85", readOnly.GetValue());
+    EXPECT_TRUE(readOnly.SetIndex(1));
+    EXPECT_TRUE(readOnly.SetValue("anything"));
+    EXPECT_EQ("0x84", readOnly.GetValue());
 }
 
 TEST(DummyLine, IsAnInertSpacer)

@@ -8,6 +8,7 @@
 #include "Lines/LineNumber.h"
 
 using LineTest::Keys;
+using LineTest::Steps;
 
 TEST(BissKeyLine, DigitsStepThroughHexAndUnsetPositionsAreStars)
 {
@@ -15,36 +16,27 @@ TEST(BissKeyLine, DigitsStepThroughHexAndUnsetPositionsAreStars)
     EXPECT_EQ("", key.GetValue()) << "nothing entered yet";
     key.SetValue("12ab");
     EXPECT_EQ("12AB", key.GetValue()) << "four digits and four stars report the digits";
-
-    key.SetValue("F0A9****");
-    Keys(key, "EU");
-    EXPECT_EQ("00A9", key.GetValue()) << "UP on F gives 0";
-    Keys(key, "RRD");
-    EXPECT_EQ("0099", key.GetValue()) << "DOWN on A gives 9";
-    Keys(key, "RU");
-    EXPECT_EQ("009A", key.GetValue()) << "UP on 9 gives A";
-    Keys(key, "RU");
-    EXPECT_EQ("009A0", key.GetValue()) << "UP on a star starts at 0";
-    Keys(key, "RD");
-    EXPECT_EQ("009A0F", key.GetValue()) << "DOWN on a star starts at F";
-    EXPECT_FALSE(Keys(key, "X"));
-    EXPECT_EQ("F0A9", key.GetValue());
-
     key.SetValue("1x2-");
     EXPECT_EQ("1*2", key.GetValue()) << "characters that are no digits become stars";
+
+    key.SetValue("F0A9****");
+    Steps(key, {
+                   {"EU", "00A9"},    // UP on F gives 0
+                   {"2RD", "0099"},   // DOWN on A gives 9
+                   {"RU", "009A"},    // UP on 9 gives A
+                   {"RU", "009A0"},   // UP on a star starts at 0
+                   {"RD", "009A0F"},  // DOWN on a star starts at F
+                   {"X", "F0A9", 0},
+               });
 }
 
 TEST(GenericHexNumLine, FormatsZeroPaddedAndKeepsCommitsWithinItsLimit)
 {
     CGenericHexNumLine pid(4, 0x1FFF);
     EXPECT_TRUE(pid.SetValue("0x1a"));
-    EXPECT_EQ("001A", pid.GetValue());
     EXPECT_FALSE(pid.SetValue("12G4"));
     EXPECT_FALSE(pid.SetValue(""));
-    EXPECT_EQ("001A", pid.GetValue()) << "a bad text changes nothing";
-
-    Keys(pid, "EDE");
-    EXPECT_EQ("1FFF", pid.GetValue()) << "F000 is above the limit: the limit is committed";
+    Steps(pid, {{"", "001A"}, {"EDE", "1FFF"}});  // a bad text changed nothing; F000 is above the limit
 
     CGenericHexNumLine ssrc(8);
     EXPECT_TRUE(ssrc.SetValue("FFFFFFFF"));
@@ -65,21 +57,19 @@ TEST(LineNumber, FormatsWidthAndDecimalsAndClampsCommitsToItsLimits)
     EXPECT_FALSE(interval.SetValue("five"));
     EXPECT_FALSE(interval.SetValue("nan"));
     EXPECT_TRUE(interval.SetValue("450"));
-    EXPECT_EQ("0450", interval.GetValue()) << "a controller value is shown as it is";
-    Keys(interval, "EE");
-    EXPECT_EQ("0300", interval.GetValue()) << "and brought to the nearest limit when committed";
+    // A controller value is shown as it is, and brought to the nearest limit when committed.
+    Steps(interval, {{"", "0450"}, {"EE", "0300"}});
 
     CLineNumber offset(6, 1, -500, 500);
     offset.SetValue("12.5");
-    EXPECT_EQ("0012.5", offset.GetValue());
-    Keys(offset, "EDE");
-    EXPECT_EQ("-012.5", offset.GetValue()) << "a negative range offers the sign first";
-    Keys(offset, "ERRRRU");
-    EXPECT_EQ("-012.6", offset.GetValue()) << "the point is stepped over";
+    Steps(offset, {
+                      {"", "0012.5"},
+                      {"EDE", "-012.5"},   // a negative range offers the sign first
+                      {"E4RU", "-012.6"},  // the point is stepped over
+                  });
     Keys(offset, "X");
 
     CLineNumber unsigned_(3, 0, 0, 999);
     unsigned_.SetValue("100");
-    Keys(unsigned_, "EDE");
-    EXPECT_EQ("000", unsigned_.GetValue()) << "without negatives the first position is a digit";
+    Steps(unsigned_, {{"EDE", "000"}});  // without negatives the first position is a digit
 }

@@ -1,13 +1,10 @@
-// Event-driven pages on the panel, over the embedded unit and over a real unitd: the panel
-// lock modes, subscriptions only while on view, forced hardware values reaching a status
-// page, and what an edit writes.
+// A settings page on the panel, over the embedded unit and over a real unitd: the panel lock
+// modes, and subscriptions only while on view.
 #include <gtest/gtest.h>
 
 #include <atomic>
 
 #include "Lines/GenericLine.h"
-#include "Menus/MenuUnitTemperature.h"
-#include "Menus/MenuVoltageLevelStatus.h"
 #include "ScreenManager/MenuStyle.h"
 #include "ScreenManager/TableScreen.h"
 #include "TestScreens.h"
@@ -33,19 +30,15 @@ public:
     std::atomic<int> m_iEvents{0};
 };
 
-class EventScreensEndToEndTest : public MenusTest::CTreeOnUnitd {
+// The same page over both links to the controller.
+class EventScreensOnBothLinks : public MenusTest::CTreeOnUnitd, public ::testing::WithParamInterface<bool> {
 protected:
-    EventScreensEndToEndTest() : CTreeOnUnitd(nullptr) {}
     void SetUp() override
     {
         CTreeOnUnitd::SetUp();
         if (IsSkipped())
             return;
-        Build(true);
-    }
-    void Build(bool unitd)
-    {
-        if (unitd) {
+        if (GetParam()) {
             ASSERT_NO_FATAL_FAILURE(Start("full.json", nullptr, false));
         } else {
             Client("full.json");
@@ -63,29 +56,16 @@ protected:
             ASSERT_TRUE(Client()->SendData(name, ".0", value));
         }
     }
-    std::string TitleRow()
-    {
-        std::string panel = Panel();
-        return panel.substr(0, panel.find('\n'));
-    }
+    std::string TitleRow() { return PanelTest::Row(Panel(), 0); }
     CGenericLine* Line(const char* name) { return m_pSettings->Table().Find(name, ".0"); }
 
     CCountingSettings* m_pSettings = nullptr;
 };
 
-// The same pages over both links to the controller.
-class EventScreensOnBothLinks : public EventScreensEndToEndTest, public ::testing::WithParamInterface<bool> {
-protected:
-    void SetUp() override
-    {
-        CTreeOnUnitd::SetUp();
-        if (!IsSkipped())
-            Build(GetParam());
-    }
-};
-
 INSTANTIATE_TEST_SUITE_P(Links, EventScreensOnBothLinks, ::testing::Values(false, true),
-                         [](const ::testing::TestParamInfo<bool>& info) { return info.param ? "Unitd" : "Embedded"; });
+                         [](const ::testing::TestParamInfo<bool>& info) {
+                             return info.param ? "Unitd" : "Embedded";
+                         });
 
 }  // namespace
 
@@ -128,7 +108,8 @@ TEST_P(EventScreensOnBothLinks, LockModesOnASettingsPage)
     Show("Unit Settings");
     EXPECT_TRUE(pAlias->IsEnabled() && !pAlias->IsReadOnly());
     EXPECT_TRUE(pNtp->IsReadOnly());
-    EXPECT_FALSE(m_pSettings->GetMenu()->GetLockIndicator() || m_pSettings->GetMenu()->GetDisabledIndicator());
+    EXPECT_FALSE(m_pSettings->GetMenu()->GetLockIndicator() ||
+                 m_pSettings->GetMenu()->GetDisabledIndicator());
     EXPECT_EQ(m_pSettings->GetLockMode(), 1);
 
     // Disabled again: the lines stay editable under the disabled indicator.
@@ -164,52 +145,4 @@ TEST_P(EventScreensOnBothLinks, SettingsPageSubscribesOnlyWhileOnView)
     Change("syslogTransmissionState", "Enabled");
     EXPECT_TRUE(PanelShows("Syslog: Enabled"));
     EXPECT_EQ(m_pSettings->m_iEvents.load(), 2);
-}
-
-TEST_F(EventScreensEndToEndTest, ForcedValuesReachStatusPagesOnView)
-{
-    Add(new CMenuVoltageLevelStatus(), "Voltage Levels");
-    Add(new CMenuUnitTemperature(), "Unit Temperature");
-
-    Show("Voltage Levels");
-    ASSERT_TRUE(PanelShows("12V: 12.06"));
-    Force("sensor12V", ".0", 11.5);
-    EXPECT_TRUE(PanelShows("12V: 11.50"));
-    EXPECT_TRUE(PanelShows("5V: 5.02"));
-
-    // Each sensor's event lands on its own row.
-    Show("Unit Temperature");
-    ASSERT_TRUE(PanelShows("Sensor 3: 52.00"));
-    Force("tempReading", ".3", 61.5);
-    EXPECT_TRUE(PanelShows("Sensor 3: 61.50"));
-    EXPECT_TRUE(PanelShows("Sensor 2: 47.25"));
-
-    // A page off view draws nothing; it shows the value when it comes back.
-    Force("sensor5V", ".0", 4.75);
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    EXPECT_EQ(Panel().find("5V:"), std::string::npos) << Panel();
-    Show("Voltage Levels");
-    EXPECT_TRUE(PanelShows("5V: 4.75"));
-}
-
-TEST_F(EventScreensEndToEndTest, EnterWritesAnEditedTextOnceAndExitWritesNothing)
-{
-    Show("Unit Settings");
-    int since = m_pUnitd->NextWrite();
-    Press(KEY_ENTER);
-    Press(KEY_UP);  // "U" -> "V"
-    Press(KEY_ENTER);
-    nlohmann::json writes = m_pUnitd->WritesOf("unitAlias", since);
-    ASSERT_EQ(writes.size(), 1u) << writes.dump();
-    EXPECT_EQ(writes[0].value("client", ""), "zor.fp");
-    EXPECT_EQ(writes[0].value("value", ""), "Vplink IRD 3");
-    EXPECT_TRUE(PanelShows("Alias: Vplink IRD 3"));
-
-    since = m_pUnitd->NextWrite();
-    Press({KEY_ENTER, KEY_UP, KEY_EXIT});
-    EXPECT_TRUE(m_pUnitd->WritesOf("unitAlias", since).empty());
-    CGenericLine* pAlias = m_pSettings->Table().Find("unitAlias", ".0");
-    ASSERT_NE(pAlias, nullptr);
-    EXPECT_FALSE(pAlias->IsEditing());
-    EXPECT_EQ(pAlias->GetValue(), "Vplink IRD 3");
 }

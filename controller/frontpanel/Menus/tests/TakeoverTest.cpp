@@ -32,8 +32,6 @@ private:
 
 class TakeoverTest : public MenusTest::CTreeOnUnitd {
 protected:
-    TakeoverTest() : CTreeOnUnitd(nullptr) {}
-
     // full.json with some behaviours changed; noProfiles empties the profile list. The
     // takeovers are wired as start-up wires them.
     void Build(const nlohmann::json& behaviours = nlohmann::json::object(), bool noProfiles = false)
@@ -108,9 +106,7 @@ TEST_F(TakeoverTest, UpdateShowsItsStagesAndGivesTheScreenBackUntouchedByKeys)
     Write("updateStart", 1);
     EXPECT_TRUE(RowReads(2, "         Updating: 40%"));
     // Keys wait for the panel: none of them may draw over the update or its outcome.
-    std::thread keys([this]() {
-        Press({KEY_LEFT, KEY_RIGHT});
-    });
+    std::thread keys([this]() { Press({KEY_LEFT, KEY_RIGHT}); });
     EXPECT_TRUE(RowReads(2, "         Verifying: 50%"));
     EXPECT_TRUE(RowReads(2, "       Update Successful"));
     EXPECT_PANEL("image_update_successful");

@@ -1,10 +1,6 @@
-// Test base for screens over a real unitd: by default the whole tree as start-up builds it
-// on the panel rig, keys routed as the keypad would, the panel read and what the panel
-// wrote taken from unitd's journal.
-//
-//   class CMyTest : public MenusTest::CTreeOnUnitd {};            // full.json, started
-//   class CMyTest : public MenusTest::CTreeOnUnitd {              // Start(unit) per test
-//   protected: CMyTest() : CTreeOnUnitd(nullptr) {} };
+// Test base for screens over a real unitd: Start(unit) builds the whole tree as start-up
+// builds it on the panel rig, keys are routed as the keypad would, the panel is read and what
+// the panel wrote is taken from unitd's journal.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -30,18 +26,12 @@ namespace MenusTest {
 
 class CTreeOnUnitd : public PanelTest::CPanelTest {
 protected:
-    using Writes = std::vector<std::string>;
     using UnitEdit = std::function<void(nlohmann::json&)>;
-
-    // unit: started before each test; null: each test calls Start itself.
-    explicit CTreeOnUnitd(const char* unit = "full.json") : m_pUnit(unit) {}
 
     void SetUp() override
     {
         if (std::string(e2e::kUnitdPath).empty())
             GTEST_SKIP() << "unitd is not built";
-        if (m_pUnit != nullptr)
-            Start(m_pUnit);
     }
     void TearDown() override
     {
@@ -60,7 +50,8 @@ protected:
     {
         std::string file = unit;
         if (edit) {
-            nlohmann::json json = nlohmann::json::parse(std::ifstream(std::string(e2e::kUnitsDir) + "/" + unit));
+            nlohmann::json json =
+                nlohmann::json::parse(std::ifstream(std::string(e2e::kUnitsDir) + "/" + unit));
             edit(json);
             char dir[] = "/tmp/fp-unit-XXXXXX";
             ASSERT_NE(mkdtemp(dir), nullptr);
@@ -76,7 +67,6 @@ protected:
         if (tree)
             m_creator.CreateScreens(&Manager(), m_pClient.get());
     }
-    void Down(int times) { Press({KEY_DOWN}, times); }
 
     // Waits until the panel passes `check` (events arrive on their own threads).
     ::testing::AssertionResult PanelBecomes(const std::function<bool(const std::string&)>& check,
@@ -87,11 +77,10 @@ protected:
             return ::testing::AssertionSuccess();
         return ::testing::AssertionFailure() << "never " << what << " on\n" << panel;
     }
-    // The panel shows the text (or, with `shown` false, no longer shows it).
-    ::testing::AssertionResult PanelShows(const std::string& text, bool shown = true, int ms = 10000)
+    ::testing::AssertionResult PanelShows(const std::string& text)
     {
-        return PanelBecomes([&](const std::string& p) { return (p.find(text) != std::string::npos) == shown; },
-                            (shown ? "\"" : "without \"") + text + "\"", ms);
+        return PanelBecomes([&](const std::string& p) { return p.find(text) != std::string::npos; },
+                            "\"" + text + "\"");
     }
     ::testing::AssertionResult RowReads(int r, const std::string& text)
     {
@@ -103,25 +92,16 @@ protected:
         return PanelBecomes([&](const std::string& p) { return p == panel; }, "the expected panel");
     }
 
-    // The values the panel wrote to an object since a point of the journal, as
-    // "instance=value".
-    Writes Written(const std::string& name, int since)
-    {
-        Writes values;
-        for (const auto& write : m_pUnitd->WritesOf(name, since))
-            values.push_back(write["instance"].get<std::string>() + "=" + write["value"].get<std::string>());
-        return values;
-    }
     // Every value the panel wrote to an object.
-    Writes PanelWrites(const std::string& name) { return m_pUnitd->ValuesWrittenBy("zor.fp", name); }
+    std::vector<std::string> PanelWrites(const std::string& name)
+    {
+        return m_pUnitd->ValuesWrittenBy("zor.fp", name);
+    }
     // A write as another manager would make it; forced, a value the hardware reports.
-    void Set(const std::string& name, const std::string& instance, const nlohmann::json& value, bool force = false)
+    void Set(const std::string& name, const std::string& instance, const nlohmann::json& value,
+             bool force = false)
     {
         ASSERT_TRUE(m_pUnitd->Set(name, instance, value, force).value("ok", false)) << name << instance;
-    }
-    void Force(const std::string& name, const std::string& instance, const nlohmann::json& value)
-    {
-        Set(name, instance, value, true);
     }
 
     std::unique_ptr<e2e::CUnitServer> m_pUnitd;
@@ -130,7 +110,6 @@ protected:
     CTavScreenCreator m_creator;
 
 private:
-    const char* m_pUnit;
     std::string m_strEdited;
 };
 

@@ -28,16 +28,6 @@ public:
     int lockRequests = 0;
 };
 
-KeyStateTable_t Keys(std::initializer_list<int> down)
-{
-    KeyStateTable_t keys;
-    for (int key = KEY_NONE; key < KEY_COUNT; ++key)
-        keys[key] = KEY_STATE_UP;
-    for (int key : down)
-        keys[key] = KEY_STATE_DOWN;
-    return keys;
-}
-
 class KeyPressMonitorTest : public ::testing::Test {
 protected:
     KeyPressMonitorTest() : m_monitor(&m_manager, &m_timer)
@@ -64,39 +54,39 @@ TEST_F(KeyPressMonitorTest, ArmsOnlyWhileLeftAndRightAreHeld)
     KeyPress_t key = {KEY_LEFT, KEY_STATE_DOWN};
     EXPECT_FALSE(m_monitor.OnEvent(nullptr, KEYPAD_EVENT_KEY, &key, nullptr));
 
-    EXPECT_TRUE(Combo(KEYPAD_EVENT_COMBO_DOWN, Keys({KEY_LEFT, KEY_RIGHT}), false));
+    EXPECT_TRUE(Combo(KEYPAD_EVENT_COMBO_DOWN, PanelTest::KeyStates({KEY_LEFT, KEY_RIGHT}), false));
     EXPECT_FALSE(m_monitor.IsArmed()) << "not in the hold state yet";
-    Combo(KEYPAD_EVENT_COMBO_DOWN, Keys({KEY_LEFT, KEY_RIGHT, KEY_UP}), true);
+    Combo(KEYPAD_EVENT_COMBO_DOWN, PanelTest::KeyStates({KEY_LEFT, KEY_RIGHT, KEY_UP}), true);
     EXPECT_TRUE(m_monitor.IsArmed()) << "a third key does not spoil the combination";
     EXPECT_EQ(1, m_timer.Count());
-    Combo(KEYPAD_EVENT_COMBO_DOWN, Keys({KEY_LEFT, KEY_RIGHT}), true);
+    Combo(KEYPAD_EVENT_COMBO_DOWN, PanelTest::KeyStates({KEY_LEFT, KEY_RIGHT}), true);
     EXPECT_EQ(1, m_timer.Count()) << "a pending wake-up is not armed twice";
 
-    EXPECT_TRUE(Combo(KEYPAD_EVENT_COMBO_UP, Keys({KEY_LEFT}), true));
+    EXPECT_TRUE(Combo(KEYPAD_EVENT_COMBO_UP, PanelTest::KeyStates({KEY_LEFT}), true));
     EXPECT_FALSE(m_monitor.IsArmed());
     EXPECT_EQ(0, m_timer.Count());
 
-    Combo(KEYPAD_EVENT_COMBO_DOWN, Keys({KEY_UP, KEY_DOWN}), true);
+    Combo(KEYPAD_EVENT_COMBO_DOWN, PanelTest::KeyStates({KEY_UP, KEY_DOWN}), true);
     EXPECT_FALSE(m_monitor.IsArmed());
-    Combo(KEYPAD_EVENT_COMBO_DOWN, Keys({KEY_LEFT, KEY_RIGHT}), true);
-    Combo(KEYPAD_EVENT_COMBO_DOWN, Keys({KEY_LEFT, KEY_RIGHT}), false);
+    Combo(KEYPAD_EVENT_COMBO_DOWN, PanelTest::KeyStates({KEY_LEFT, KEY_RIGHT}), true);
+    Combo(KEYPAD_EVENT_COMBO_DOWN, PanelTest::KeyStates({KEY_LEFT, KEY_RIGHT}), false);
     EXPECT_FALSE(m_monitor.IsArmed()) << "a combination event without the hold flag disarms";
 }
 
 TEST_F(KeyPressMonitorTest, FiringShowsTheLockScreenOnce)
 {
-    Combo(KEYPAD_EVENT_COMBO_DOWN, Keys({KEY_LEFT, KEY_RIGHT}), true);
+    Combo(KEYPAD_EVENT_COMBO_DOWN, PanelTest::KeyStates({KEY_LEFT, KEY_RIGHT}), true);
     m_monitor.ProcessRequest();
     EXPECT_EQ(kLockScreen, m_manager.GetCurrentName());
     EXPECT_EQ(1, m_manager.lockRequests);
     EXPECT_FALSE(m_monitor.IsArmed()) << "the firing disarms";
 
-    Combo(KEYPAD_EVENT_COMBO_DOWN, Keys({KEY_LEFT, KEY_RIGHT}), true);
+    Combo(KEYPAD_EVENT_COMBO_DOWN, PanelTest::KeyStates({KEY_LEFT, KEY_RIGHT}), true);
     m_monitor.ProcessRequest();
     EXPECT_EQ(1, m_manager.lockRequests) << "the lock screen is already on show";
 
     m_manager.ShowScreenLocked("Home");
-    Combo(KEYPAD_EVENT_COMBO_UP, Keys({}), false);
+    Combo(KEYPAD_EVENT_COMBO_UP, PanelTest::KeyStates({}), false);
     m_monitor.ProcessRequest();
     EXPECT_EQ("Home", m_manager.GetCurrentName()) << "a late wake-up after the release does nothing";
 }

@@ -45,14 +45,6 @@ public:
 
 class MenuStyleTest : public PanelTest::CPanelTest {
 protected:
-    CTableScreen* AddTable(const std::string& name, const std::vector<Row_t>& rows,
-                           const std::string& style = "Menu Style Basic",
-                           const std::string& parent = "Parent")
-    {
-        CTableScreen* pScreen = new CTableScreen(name, parent, rows, style);
-        Add(pScreen, name);
-        return pScreen;
-    }
     int Selected(CScreen* pScreen) { return pScreen->GetMenu()->GetCursor().GetIndex(); }
     std::string Answer(CScreen* pScreen, int key) { return pScreen->HandleKey(Key(key)); }
 };
@@ -61,9 +53,9 @@ protected:
 
 TEST_F(MenuStyleTest, SelectionSkipsOneUnselectableLineThenTheRedrawSettlesForward)
 {
-    CTableScreen* pScreen =
-        AddTable("Skips", {Row_t{"A", "", true, nullptr}, Row_t{"B", "", false, nullptr},
-                           Row_t{"C", "", false, nullptr}, Row_t{"D", "", true, nullptr}});
+    CTableScreen* pScreen = AddTable("Skips", "Parent",
+                                     {Row_t{"A", "", true, nullptr}, Row_t{"B", "", false, nullptr},
+                                      Row_t{"C", "", false, nullptr}, Row_t{"D", "", true, nullptr}});
     Show("Skips");
     // The key steps over one unselectable line only (B, landing on C); the redraw that
     // follows walks forward past C.
@@ -82,10 +74,10 @@ TEST_F(MenuStyleTest, SelectionSkipsOneUnselectableLineThenTheRedrawSettlesForwa
 TEST_F(MenuStyleTest, ScreenOfOnlyUnselectableLinesStillDraws)
 {
     CTableScreen* pScreen =
-        AddTable("Static", {Row_t{"One", "", false, nullptr}, Row_t{"Two", "", false, nullptr}});
+        AddTable("Static", "Parent", {Row_t{"One", "", false, nullptr}, Row_t{"Two", "", false, nullptr}});
     Show("Static");  // the settle loop must end when the selection wraps to 0
     EXPECT_EQ(0, Selected(pScreen));
-    AddTable("Empty", {});
+    AddTable("Empty", "Parent", {});
     Show("Empty");
     Press(KEY_DOWN);
     EXPECT_EQ("No Screen", Answer(Manager().GetCurrentScreen(), KEY_ENTER));
@@ -99,8 +91,9 @@ TEST_F(MenuStyleTest, EnterOpensTargetsOrEditsAndExitLeavesEditingFirst)
     CTextLine* pReadOnly = new CTextLine("fixed");
     pReadOnly->SetReadOnly(true);
     CTableScreen* pScreen =
-        AddTable("Edit", {Row_t{"Open", "Elsewhere", true, pNavigating}, Row_t{"Input:", "", true, pValue},
-                          Row_t{"Model:", "", true, pReadOnly}});
+        AddTable("Edit", "Parent",
+                 {Row_t{"Open", "Elsewhere", true, pNavigating}, Row_t{"Input:", "", true, pValue},
+                  Row_t{"Model:", "", true, pReadOnly}});
     Show("Edit");
 
     EXPECT_EQ("Elsewhere", Answer(pScreen, KEY_ENTER));
@@ -121,14 +114,14 @@ TEST_F(MenuStyleTest, EnterOpensTargetsOrEditsAndExitLeavesEditingFirst)
     EXPECT_FALSE(pScreen->IsEditing()) << "a read-only line refuses edit mode";
     EXPECT_EQ("Parent", Answer(pScreen, KEY_EXIT));
 
-    CTableScreen* pOrphan = AddTable("Orphan", {}, "Menu Style Basic", "No Screen");
+    CTableScreen* pOrphan = AddTable("Orphan", "No Screen", {});
     EXPECT_EQ("No Screen", Answer(pOrphan, KEY_EXIT));
 }
 
 TEST_F(MenuStyleTest, SetEditingSendsEnterOnlyOnChange)
 {
     CRecordingLine* pLine = new CRecordingLine();
-    CTableScreen* pScreen = AddTable("Toggle", {Row_t{"Value:", "", true, pLine}});
+    CTableScreen* pScreen = AddTable("Toggle", "Parent", {Row_t{"Value:", "", true, pLine}});
     Show("Toggle");
     pScreen->SetEditing(true);
     pScreen->SetEditing(true);
@@ -143,7 +136,7 @@ TEST_F(MenuStyleTest, YesNoLineTakesEveryKeyAndNeverNavigatesOnEnter)
 {
     CRecordingLine* pLine = new CRecordingLine();
     CTableScreen* pScreen =
-        AddTable("Sure?", {Row_t{"Save changes?", "Somewhere", true, pLine}}, "Menu Style Yes No");
+        AddTable("Sure?", "Parent", {Row_t{"Save changes?", "Somewhere", true, pLine}}, "Menu Style Yes No");
     Show("Sure?");
     EXPECT_EQ("No Screen", Answer(pScreen, KEY_LEFT));
     EXPECT_EQ("No Screen", Answer(pScreen, KEY_RIGHT));
@@ -159,7 +152,7 @@ TEST_F(MenuStyleTest, LongListDrawsListLinesByTheirPlaceInTheArea)
     CListLine* pFirst = new CListLine("first");
     CListLine* pSecond = new CListLine("second");
     CTableScreen* pScreen =
-        AddTable("Alarms",
+        AddTable("Alarms", "Parent",
                  {Row_t{"", "", true, pFirst}, Row_t{"", "", false, new CGenericDummyLine()},
                   Row_t{"", "", true, new CTextLine("plain")}, Row_t{"", "", true, pSecond},
                   Row_t{"", "", true, new CGenericDummyLine()}},

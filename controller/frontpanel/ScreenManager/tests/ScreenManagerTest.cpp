@@ -18,13 +18,6 @@ namespace {
 
 class ScreenManagerTest : public PanelTest::CPanelTest {
 protected:
-    CTableScreen* AddTable(const std::string& name, const std::string& parent, const std::vector<Row_t>& rows)
-    {
-        CTableScreen* pScreen = new CTableScreen(name, parent, rows);
-        Add(pScreen, name);
-        return pScreen;
-    }
-
     // Main Menu -> Inputs / Outputs / Alarms / System / About, and the lock placeholder.
     void BuildTree()
     {

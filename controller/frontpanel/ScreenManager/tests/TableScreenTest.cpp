@@ -7,9 +7,9 @@
 
 #include "Lines/GenericLine.h"
 #include "Lines/LineContainer.h"
-#include "ScreenManager/Rows.h"
 #include "ScreenManager/MenuStyleBasic.h"
 #include "ScreenManager/MenuStyleLongList.h"
+#include "ScreenManager/Rows.h"
 #include "ScreenManager/TableScreen.h"
 #include "Zor/Param.h"
 
@@ -28,6 +28,24 @@ Zor::CParam Temperatures(std::initializer_list<const char*> instances)
     for (const char* instance : instances)
         values["tempReading"][instance] = Zor::CParam::Double(40.5);
     return values;
+}
+
+// values[object][instance] = text, from {object, instance, text} triples.
+Zor::CParam Values(std::initializer_list<std::array<const char*, 3>> triples)
+{
+    Zor::CParam values(Zor::PT_MAP);
+    for (const auto& t : triples)
+        values[t[0]][t[1]] = Zor::CParam::String(t[2]);
+    return values;
+}
+
+std::vector<std::string> Shown(CMenuStyleBasic& style)
+{
+    std::vector<std::string> rows;
+    CLineContainer& lines = style.GetLines();
+    for (int i = 0; i < lines.GetCount(); ++i)
+        rows.push_back(lines.GetLine(i)->GetLabel() + lines.GetLine(i)->GetValue());
+    return rows;
 }
 
 }  // namespace
@@ -88,8 +106,8 @@ TEST(RowsTest, AnEditableListShowsItsOtherEntryForUnlistedValuesAndWritesNothing
 TEST(LineTableTest, AnEditedAddressRowShowsTheAddressItIsKeyedBy)
 {
     CMenuStyleBasic style;
-    CLineTable table({Record("igmpRowStatus", ".4.1.1.4."), EditAddress("IP: ", "igmpRowStatus"), EndRecord()},
-                     true);
+    CLineTable table(
+        {Record("igmpRowStatus", ".4.1.1.4."), EditAddress("IP: ", "igmpRowStatus"), EndRecord()}, true);
     Zor::CParam values(Zor::PT_MAP);
     values["igmpRowStatus"][".4.1.1.4.10.50.1.10"] = Zor::CParam::Int(1);
     values["igmpRowStatus"][".4.2.1.4.10.9.9.9"] = Zor::CParam::Int(1);  // another stream's
@@ -149,28 +167,6 @@ TEST(LineTableTest, EditableRowsAreBoundToTheCardInstanceAndTextRowsAreNot)
     EXPECT_EQ(style.GetLines().GetTarget(0), "No Screen");
 }
 
-namespace {
-
-// values[object][instance] = text, from {object, instance, text} triples.
-Zor::CParam Values(std::initializer_list<std::array<const char*, 3>> triples)
-{
-    Zor::CParam values(Zor::PT_MAP);
-    for (const auto& t : triples)
-        values[t[0]][t[1]] = Zor::CParam::String(t[2]);
-    return values;
-}
-
-std::vector<std::string> Shown(CMenuStyleBasic& style)
-{
-    std::vector<std::string> rows;
-    CLineContainer& lines = style.GetLines();
-    for (int i = 0; i < lines.GetCount(); ++i)
-        rows.push_back(lines.GetLine(i)->GetLabel() + lines.GetLine(i)->GetValue());
-    return rows;
-}
-
-}  // namespace
-
 TEST(LineTableTest, RowsFollowTheValuesTheyDependOn)
 {
     CMenuStyleBasic style;
@@ -198,9 +194,9 @@ TEST(LineTableTest, RowsFollowTheValuesTheyDependOn)
                                  {"mode", ".1", "Size"},
                                  {"w", ".1", "1920"},
                                  {"h", ".1", "1080"}});
-    EXPECT_EQ(table.Requests(),
-              std::vector<std::string>({"lockMode.0", "primarySrc.1", "srcLabel.%", "srcId.%", "cn.1", "lock.1",
-                                        "delay.1", "mode.1", "w.1", "h.1", "rowStatus.%", "address.%"}));
+    EXPECT_EQ(table.Requests(), std::vector<std::string>({"lockMode.0", "primarySrc.1", "srcLabel.%",
+                                                          "srcId.%", "cn.1", "lock.1", "delay.1", "mode.1",
+                                                          "w.1", "h.1", "rowStatus.%", "address.%"}));
     ASSERT_TRUE(table.Make(style, values));
     table.Fill(style, values, true);
     EXPECT_EQ(Shown(style), std::vector<std::string>({"Lock Front Panel", "Primary: ASI", "C/N: 7.2 dB",
@@ -214,7 +210,7 @@ TEST(LineTableTest, RowsFollowTheValuesTheyDependOn)
                      {"rowStatus", ".1.4.10.0.0.1", "1"},
                      {"address", ".1.4.10.0.0.1", "10.0.0.1"},
                      {"rowStatus", ".2.4.10.0.0.9", "1"}});  // not under ".1.4."
-    EXPECT_TRUE(table.Make(style, values));  // a record came: the rows are made again
+    EXPECT_TRUE(table.Make(style, values));                  // a record came: the rows are made again
     table.Fill(style, values, false);
     EXPECT_EQ(Shown(style), std::vector<std::string>({"Unlock Front Panel", "Primary: Unknown", "C/N: --",
                                                       "Delay: 40", "Size: x", "IP: 10.0.0.1", "Remove"}));
@@ -228,15 +224,14 @@ TEST(RowsTest, ListEntriesFromTheControllerKeepOnlyThoseTheFilterAllows)
     CRow format = List("Format: ", "manualFormat", ".1.2", {})
                       .From("formatLabel", "formatId")
                       .FromWhere("formatSecondAvail", "true");
-    Zor::CParam values(Zor::PT_MAP);
-    values["formatLabel"][".1"] = Zor::CParam::String("1080i 29.97");
-    values["formatId"][".1"] = Zor::CParam::Int(1);
-    values["formatSecondAvail"][".1"] = Zor::CParam::Bool(true);
-    values["formatLabel"][".2"] = Zor::CParam::String("1080p 23.98");
-    values["formatId"][".2"] = Zor::CParam::Int(2);
-    values["formatSecondAvail"][".2"] = Zor::CParam::Bool(false);
-    values["formatLabel"][".3"] = Zor::CParam::String("720p 50");  // not said: not offered
-    values["formatId"][".3"] = Zor::CParam::Int(3);
+    Zor::CParam values = Values({{"formatLabel", ".1", "1080i 29.97"},
+                                 {"formatId", ".1", "1"},
+                                 {"formatSecondAvail", ".1", "true"},
+                                 {"formatLabel", ".2", "1080p 23.98"},
+                                 {"formatId", ".2", "2"},
+                                 {"formatSecondAvail", ".2", "false"},
+                                 {"formatLabel", ".3", "720p 50"},
+                                 {"formatId", ".3", "3"}});  // .3 not said: not offered
     const std::string card, instance(".1.2");
     EXPECT_EQ(format.EntriesFrom(CRowValues(values, card, instance), card),
               (std::vector<std::pair<std::string, std::string>>{{"1080i 29.97", "1"}}));
@@ -251,10 +246,8 @@ TEST(RowsTest, ListsNamingARowByItsNumberShowTheRowsTextUnderItsShownName)
                       .From("outLabel", kInstanceNumber)
                       .Map({{"Long and Processed", "Short"}})
                       .Unknown("Unknown");
-    Zor::CParam values(Zor::PT_MAP);
-    values["outLabel"][".1"] = Zor::CParam::String("Active");
-    values["outLabel"][".3"] = Zor::CParam::String("Long and Processed");
-    values["outSource"][".1.1"] = Zor::CParam::Int(3);
+    Zor::CParam values = Values(
+        {{"outLabel", ".1", "Active"}, {"outLabel", ".3", "Long and Processed"}, {"outSource", ".1.1", "3"}});
     const std::string card = ".1.1";
     CRowValues v(values, card, card);
     using Entries = std::vector<std::pair<std::string, std::string>>;
@@ -299,7 +292,8 @@ TEST(LineTableTest, AddRowOffersEntriesAndRecordsHideTheirEmptyTextByCondition)
             AddRow("Add: ", "rowStatus", "program", ".2").From("name", "number"),
         },
         true);
-    Zor::CParam values = Values({{"mode", ".2.1", "Rows"}, {"name", ".1.3", "News"}, {"number", ".1.3", "3"}});
+    Zor::CParam values =
+        Values({{"mode", ".2.1", "Rows"}, {"name", ".1.3", "News"}, {"number", ".1.3", "3"}});
     EXPECT_EQ(table.Requests(), std::vector<std::string>({"rowStatus.%", "name.%", "number.%"}));
     ASSERT_TRUE(table.Make(style, values));
     table.Fill(style, values, true);

@@ -10,7 +10,7 @@
 #include <thread>
 
 #include "KeyPad/KeyPressMonitor.h"
-#include "PanelRig.h"
+#include "PanelTest.h"
 #include "Qb/WakeUpTimer.h"
 #include "ScreenManager/MenuStyle.h"
 #include "ScreenManager/TavScreenManager.h"
@@ -119,16 +119,6 @@ private:
     std::thread m_thread;
 };
 
-KeyStateTable_t Keys(bool leftAndRight)
-{
-    KeyStateTable_t keys;
-    for (int key = KEY_NONE; key < KEY_COUNT; ++key)
-        keys[key] = KEY_STATE_UP;
-    if (leftAndRight)
-        keys[KEY_LEFT] = keys[KEY_RIGHT] = KEY_STATE_DOWN;
-    return keys;
-}
-
 class ThreadsTest : public ::testing::Test {
 protected:
     ThreadsTest()
@@ -189,7 +179,8 @@ TEST_F(ThreadsTest, KeysEventsTimerAndLockCombinationShareTheDisplay)
         // The lock combination held and released, and its wake-up firing.
         std::thread combo([&] {
             for (int i = 0; !stop; ++i) {
-                KeyStateTable_t keys = Keys(i % 3 != 2);
+                KeyStateTable_t keys = PanelTest::KeyStates(i % 3 != 2 ? std::vector<int>{KEY_LEFT, KEY_RIGHT}
+                                                                       : std::vector<int>{});
                 bool hold = true;
                 monitor.OnEvent(nullptr, i % 3 != 2 ? KEYPAD_EVENT_COMBO_DOWN : KEYPAD_EVENT_COMBO_UP, &keys,
                                 &hold);
