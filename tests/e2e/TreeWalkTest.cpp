@@ -509,6 +509,8 @@ TEST_P(TreeWalkTest, EveryEntryLeadsSomewhereAndEveryScreenBackHome)
     else
         EXPECT_GE(m_screens.size(), kScreenFloors.at(Unit())) << "screens reached on " << Unit();
     EXPECT_FALSE(fp.HasExited()) << fp.Describe();
+    // In order, so that the daemon writes its coverage counts of the whole tree.
+    EXPECT_TRUE(StopDaemon(fp)) << fp.Describe();
 }
 
 INSTANTIATE_TEST_SUITE_P(TreeWalk, TreeWalkTest,
