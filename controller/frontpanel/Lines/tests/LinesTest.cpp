@@ -46,6 +46,9 @@ TEST(LineContainer, ShownLinesStayInSlotOrderWhateverTheCalls)
     EXPECT_FALSE(lines.HideLine(1)) << "hiding a hidden line";
     EXPECT_EQ((std::vector<int>{0, 2, 4}), Shown(lines));
     EXPECT_EQ("Target", lines.GetTarget(1)) << "targets follow the shown positions";
+    EXPECT_EQ(0, lines.FindPosition(lines.GetLine(0)));
+    EXPECT_EQ(2, lines.FindPosition(lines.GetLine(4))) << "positions count shown lines only";
+    EXPECT_EQ(-1, lines.FindPosition(lines.GetLine(3)));
 
     EXPECT_TRUE(lines.ShowLine(3));
     EXPECT_TRUE(lines.ShowLine(1));
