@@ -1,6 +1,8 @@
 // Line base, container and the two simplest lines.
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "Client/TavClient.h"
 #include "LineTestKit.h"
 #include "Lines/GenericDummyLine.h"
@@ -37,18 +39,20 @@ std::vector<int> Shown(const CLineContainer& lines)
 TEST(LineContainer, ShownLinesStayInSlotOrderWhateverTheCalls)
 {
     CLineContainer lines;
+    std::vector<CGenericLine*> slots;
     for (int i = 0; i < 5; ++i) {
         lines.AddSlot(i == 2 ? "Target" : "");
-        lines.SetLine(new CGenericLine(), static_cast<unsigned>(i));
+        slots.push_back(new CGenericLine());
+        lines.SetLine(slots.back(), static_cast<unsigned>(i));
     }
     EXPECT_TRUE(lines.HideLine(3));
     EXPECT_TRUE(lines.HideLine(1));
     EXPECT_FALSE(lines.HideLine(1)) << "hiding a hidden line";
     EXPECT_EQ((std::vector<int>{0, 2, 4}), Shown(lines));
     EXPECT_EQ("Target", lines.GetTarget(1)) << "targets follow the shown positions";
-    EXPECT_EQ(0, lines.FindPosition(lines.GetLine(0)));
-    EXPECT_EQ(2, lines.FindPosition(lines.GetLine(4))) << "positions count shown lines only";
-    EXPECT_EQ(-1, lines.FindPosition(lines.GetLine(3)));
+    EXPECT_EQ(0, lines.FindPosition(slots[0]));
+    EXPECT_EQ(2, lines.FindPosition(slots[4])) << "positions count shown lines only";
+    EXPECT_EQ(-1, lines.FindPosition(slots[3])) << "a hidden line has no position";
 
     EXPECT_TRUE(lines.ShowLine(3));
     EXPECT_TRUE(lines.ShowLine(1));
