@@ -9,8 +9,9 @@ be planted (a comparison flipped, a constant changed by one, a boolean swapped, 
 operator swapped, a call statement dropped), picks --count of them with a fixed seed, and
 for each: plants it, rebuilds incrementally, runs the unit tests, and puts the file back.
 A fault is killed when a test fails (or the build's tests time out) and fails again when
-run once more, survives otherwise, and is stillborn when it does not compile (not counted). Prints each result
-and the share killed; the survivors are the places where a test is worth its lines.
+run once more, survives otherwise, and is stillborn when it does not compile (not
+counted). Prints each result and the share killed; the survivors are the places where a
+test is worth its lines.
 
 The same seed and count give the same faults for the same sources, so figures taken before
 and after a change of the tests compare.

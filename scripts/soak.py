@@ -25,6 +25,7 @@ HANG_MS = 5000
 SKIP_OBJECTS = {"systemState", "updateStart", "updateStage", "updateProgress", "updateCompletionCode",
                 "profileApplyProfileState", "datetimeNow", "frontpanelLockStatus"}
 CLIENT = "soak"
+OTHER_CLIENT = "operator"  # another manager of the unit, behind the soak's back
 
 
 def now():
@@ -336,8 +337,6 @@ def main():
                     stats["alarms"] += 1
             elif not foreign_lock.is_set():
                 mode = crng.choice([1, 1, 1, 2, 3])
-                if mode != 1 or lock_mode != 1:
-                    excuse(5)
                 if unit.set("frontpanelLockMode", ".0", mode):
                     stats["lockmodes"] += 1
                     note_lock_mode(mode)
@@ -370,12 +369,12 @@ def main():
                 foreign_lock.set()
                 if unit.set("frontpanelLockMode", ".0", 1):
                     note_lock_mode(1)  # the soak's own view: the panel is free
-                unit.set("frontpanelLockMode", ".0", 3, client="operator")
+                unit.set("frontpanelLockMode", ".0", 3, client=OTHER_CLIENT)
                 foreign_unlock = t + 30
                 next_restart = max(next_restart, t + 35)
                 next_drop = max(next_drop, t + 35)
             if foreign_unlock is not None and t >= foreign_unlock:
-                unit.set("frontpanelLockMode", ".0", 1, client="operator")
+                unit.set("frontpanelLockMode", ".0", 1, client=OTHER_CLIENT)
                 foreign_unlock = None
                 foreign_lock.clear()
             if t >= next_mode_look:
@@ -469,7 +468,7 @@ def main():
 
     # Every write the daemon made reached the unit and was either applied or refused with
     # a message the daemon could show.
-    daemon_writes = [w for w in unit.journal if w.get("client") not in (CLIENT, "operator")]
+    daemon_writes = [w for w in unit.journal if w.get("client") not in (CLIENT, OTHER_CLIENT)]
     lock_writes = [w for w in daemon_writes if w.get("name") == "frontpanelLockMode" and w.get("ok")]
     ok_writes = sum(1 for w in daemon_writes if w.get("ok"))
     refused = [w for w in daemon_writes if not w.get("ok")]
